@@ -1,0 +1,47 @@
+#include "support/signallog.h"
+
+#include <QMetaMethod>
+#include <QMetaObject>
+
+namespace
+{
+QString methodName(const QMetaMethod &method)
+{
+#if QT_VERSION < 0x050000
+    const QByteArray signature = method.signature();
+#else
+    const QByteArray signature = method.methodSignature();
+#endif
+    return QString::fromLatin1(signature.left(signature.indexOf('(')));
+}
+} // namespace
+
+// The slots exist in no meta-object: the numbers past QObject's own methods lead to qt_metacall, which
+// is how one receiver serves signals that are not known when it is compiled.
+SignalLog::SignalLog(QObject *sender)
+{
+    const QMetaObject *type = sender->metaObject();
+    const int firstSlot = QObject::staticMetaObject.methodCount();
+    for (int i = firstSlot; i < type->methodCount(); ++i) {
+        if (type->method(i).methodType() != QMetaMethod::Signal)
+            continue;
+        QMetaObject::connect(sender, i, this, firstSlot + m_signals.size(), Qt::DirectConnection);
+        m_signals.append(methodName(type->method(i)));
+    }
+}
+
+QStringList SignalLog::take()
+{
+    const QStringList names = m_names;
+    m_names.clear();
+    return names;
+}
+
+int SignalLog::qt_metacall(QMetaObject::Call call, int id, void **arguments)
+{
+    id = QObject::qt_metacall(call, id, arguments);
+    if (id < 0 || call != QMetaObject::InvokeMetaMethod)
+        return id;
+    m_names.append(m_signals.at(id));
+    return -1;
+}
