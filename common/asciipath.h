@@ -8,8 +8,8 @@
  * A path as the instrument hands it to utime, statvfs and umount: converted with QString::toAscii,
  * which without a codec for C strings is Latin-1.
  *
- * Deliberately not the file system's encoding. On a UTF-8 system a path with any letter beyond ASCII
- * comes out as other bytes, the system call misses the file, and its caller reports that.
+ * Deliberately not the file system's encoding. On a UTF-8 system a path with any letter beyond
+ * ASCII comes out as other bytes, the system call misses the file, and its caller reports that.
  */
 inline QByteArray asciiPath(const QString &path)
 {

@@ -3,8 +3,7 @@
 #include <QDir>
 #include <QStringList>
 
-namespace
-{
+namespace {
 QString dataFolder(const QStringList &parts)
 {
     const QStringList home = QStringList() << QLatin1String("/home") << DataFolders::account();

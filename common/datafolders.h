@@ -9,8 +9,7 @@
  * Every path is absolute, ends without a separator and is built afresh on each call. None of the
  * functions looks at the disk.
  */
-namespace DataFolders
-{
+namespace DataFolders {
 /** Name of the account that owns the instrument's data. */
 QString account();
 

@@ -9,8 +9,7 @@
 
 #include <utime.h>
 
-namespace
-{
+namespace {
 void copyTimes(const QString &source, const QString &destination)
 {
     const QFileInfo info(source);

@@ -10,8 +10,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 // Spelled so on purpose: whoever reads the instrument's logs searches for this text.
 const char failure[] = "Unable to drop priviledges: ";
 

@@ -12,19 +12,19 @@
  * The id that was in force before is set back on every way out of the scope. Only the user id is
  * switched: what is created has the account as owner and the process's own group.
  *
- * The effective user id belongs to the whole process. Use it on the user-interface thread only; other
- * threads of the process, Qt's file-system watcher for one, run under the switched id meanwhile.
- * The guard takes no lock.
+ * The effective user id belongs to the whole process. Use it on the user-interface thread only;
+ * other threads of the process, Qt's file-system watcher for one, run under the switched id
+ * meanwhile. The guard takes no lock.
  */
 class PrivilegeDropGuard
 {
 public:
     /**
-     * Switches to the account. The switch is tried always, also by a process that is neither root nor
-     * the account and for which it must fail.
+     * Switches to the account. The switch is tried always, also by a process that is neither root
+     * nor the account and for which it must fail.
      *
-     * @throws std::runtime_error when the account is unknown or the switch is refused; the effective
-     *         user id is then as it was.
+     * @throws std::runtime_error when the account is unknown or the switch is refused; the
+     * effective user id is then as it was.
      */
     PrivilegeDropGuard();
 

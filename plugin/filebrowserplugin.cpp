@@ -1,18 +1,27 @@
 #include "plugin/filebrowserplugin.h"
 
+#include "directory/directory.h"
+#include "directory/file.h"
+#include "directory/path.h"
+
 #include <qdeclarative.h>
 
-namespace
-{
+namespace {
 const int versionMajor = 1;
 const int versionMinor = 0;
+
+template <typename Type>
+void registerType(const char *uri, const char *name)
+{
+    qmlRegisterType<Type>(uri, versionMajor, versionMinor, name);
+}
 } // namespace
 
 void FileBrowserPlugin::registerTypes(const char *uri)
 {
-    Q_UNUSED(uri)
-    Q_UNUSED(versionMajor)
-    Q_UNUSED(versionMinor)
+    registerType<Directory>(uri, "Directory");
+    registerType<File>(uri, "File");
+    registerType<Path>(uri, "Path");
 }
 
 Q_EXPORT_PLUGIN2(filebrowser, FileBrowserPlugin)

@@ -14,8 +14,8 @@ class FileBrowserPlugin : public QDeclarativeExtensionPlugin
 
 public:
     /**
-     * Registers the types "Directory", "File", "Path", "USB" and "FileTreeViewerItem", in this order,
-     * as version 1.0 of the module @p uri. Called once by the engine.
+     * Registers the types "Directory", "File", "Path", "USB" and "FileTreeViewerItem", in this
+     * order, as version 1.0 of the module @p uri. Called once by the engine.
      */
     void registerTypes(const char *uri) override;
 };

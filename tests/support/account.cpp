@@ -9,8 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 const char passwd[] = "/etc/passwd";
 
 void check(bool done, const char *what)

@@ -13,8 +13,8 @@ const gid_t ostanGid = 4711;
 const uid_t strangerUid = 4712;
 
 /**
- * Puts another account database over /etc/passwd while it lives. Needs the private instrument around
- * the test.
+ * Puts another account database over /etc/passwd while it lives. Needs the private instrument
+ * around the test.
  */
 class AccountDatabase
 {

@@ -2,8 +2,7 @@
 
 #include <QDebug>
 
-namespace
-{
+namespace {
 QStringList written;
 
 QString withoutTrailingBlank(QString line)

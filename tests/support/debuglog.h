@@ -10,7 +10,8 @@ public:
     DebugLog();
     ~DebugLog();
 
-    /** Lines written so far, in order, without the blank that the stream may leave at their ends. */
+    /** Lines written so far, in order, without the blank that the stream may leave at their ends.
+     */
     QStringList lines() const;
 
     /** The lines so far, and starts again from nothing. */

@@ -3,8 +3,7 @@
 #include <QMetaMethod>
 #include <QMetaObject>
 
-namespace
-{
+namespace {
 QString methodName(const QMetaMethod &method)
 {
 #if QT_VERSION < 0x050000
@@ -16,8 +15,8 @@ QString methodName(const QMetaMethod &method)
 }
 } // namespace
 
-// The slots exist in no meta-object: the numbers past QObject's own methods lead to qt_metacall, which
-// is how one receiver serves signals that are not known when it is compiled.
+// The slots exist in no meta-object: the numbers past QObject's own methods lead to qt_metacall,
+// which is how one receiver serves signals that are not known when it is compiled.
 SignalLog::SignalLog(QObject *sender)
 {
     const QMetaObject *type = sender->metaObject();

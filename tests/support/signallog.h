@@ -11,7 +11,8 @@
 class SignalLog : public QObject
 {
 public:
-    /** Listens to every signal that @p sender has beyond those of QObject (its class's and its bases'). */
+    /** Listens to every signal that @p sender has beyond those of QObject (its class's and its
+     * bases'). */
     explicit SignalLog(QObject *sender);
 
     /** Names of the signals emitted so far, without arguments and brackets, in order. */

@@ -16,12 +16,10 @@ Stick::Stick(const QString &device, const QString &mountPoint, qint64 kilobytes,
     : m_mountPoint(mountPoint)
 {
     QDir().mkpath(mountPoint);
-    const QByteArray options =
-        "mode=777,size=" + QByteArray::number(kilobytes) + "k";
+    const QByteArray options = "mode=777,size=" + QByteArray::number(kilobytes) + "k";
     const int flags = access == ReadOnly ? MS_RDONLY : 0;
-    if (mount(QFile::encodeName(device).constData(), QFile::encodeName(mountPoint).constData(), "tmpfs",
-              flags, options.constData())
-        == 0)
+    if (mount(QFile::encodeName(device).constData(), QFile::encodeName(mountPoint).constData(),
+              "tmpfs", flags, options.constData()) == 0)
         return;
     fprintf(stderr, "stick: can't mount on %s: %s\n", QFile::encodeName(mountPoint).constData(),
             strerror(errno));
@@ -44,8 +42,8 @@ bool Stick::isMounted() const
     struct stat here;
     struct stat above;
     const QByteArray path = QFile::encodeName(m_mountPoint);
-    return stat(path.constData(), &here) == 0 && stat((path + "/..").constData(), &above) == 0
-           && here.st_dev != above.st_dev;
+    return stat(path.constData(), &here) == 0 && stat((path + "/..").constData(), &above) == 0 &&
+           here.st_dev != above.st_dev;
 }
 
 void Stick::pull()

@@ -10,8 +10,7 @@
 #include <sys/stat.h>
 #include <utime.h>
 
-namespace
-{
+namespace {
 void check(bool done, const char *what, const QString &path)
 {
     if (done)
@@ -87,8 +86,8 @@ QByteArray TestDir::contents(const QString &name) const
 
 QStringList TestDir::names() const
 {
-    return QDir(m_path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                  QDir::Name);
+    return QDir(m_path).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 void removeTree(const QString &path)

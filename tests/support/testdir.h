@@ -31,8 +31,10 @@ public:
     /** Absolute path of the entry @p name. */
     QString path(const QString &name) const;
 
-    /** Writes the file @p name with @p contents; its modification time is now or @p time (seconds since 1970). */
-    void file(const QString &name, const QByteArray &contents = QByteArray(), time_t time = 0) const;
+    /** Writes the file @p name with @p contents; its modification time is now or @p time (seconds
+     * since 1970). */
+    void file(const QString &name, const QByteArray &contents = QByteArray(),
+              time_t time = 0) const;
 
     /** Writes the file @p name with @p bytes bytes. */
     void file(const QString &name, qint64 bytes, time_t time = 0) const;

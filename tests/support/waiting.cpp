@@ -3,8 +3,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-namespace
-{
+namespace {
 const int stepMs = 5;
 } // namespace
 

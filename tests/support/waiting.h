@@ -6,7 +6,8 @@
 /**
  * Runs the event loop until @p condition holds.
  *
- * @return whether it held within @p deadlineMs, which is generous: only a failing test waits so long
+ * @return whether it held within @p deadlineMs, which is generous: only a failing test waits so
+ * long
  */
 bool waitUntil(const std::function<bool()> &condition, int deadlineMs = 20000);
 

@@ -1,0 +1,88 @@
+#include "directory/folderreader.h"
+
+#include <QByteArray>
+#include <QFile>
+
+#include <cerrno>
+#include <limits>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+const qint64 noTime = std::numeric_limits<qint64>::min();
+
+namespace {
+struct CloseFolder
+{
+    void operator()(DIR *folder) const
+    {
+        closedir(folder);
+    }
+};
+
+// Behind a separator, as part of a path: alone, a name that starts with a byte-order mark would
+// lose it.
+QString decodedName(const char *name)
+{
+    return QFile::decodeName(QByteArray("/") + name).mid(1);
+}
+
+/** Whether QDir of this Qt lists names with bytes that mean nothing in the file system's encoding.
+ */
+bool isListable(const char *name, const QString &decoded)
+{
+#if QT_VERSION < 0x050000
+    Q_UNUSED(name)
+    Q_UNUSED(decoded)
+    return true;
+#else
+    return QFile::encodeName(decoded) == name;
+#endif
+}
+
+bool isLink(int folder, const dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_LNK;
+    struct stat info;
+    return fstatat(folder, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(info.st_mode);
+}
+
+/** Size, time and kind of @p entry. @return whether it is to be listed */
+bool lookAt(int folder, const dirent &entry, FolderEntry *result)
+{
+    struct stat info;
+    if (fstatat(folder, entry.d_name, &info, 0) == 0) {
+        result->size = info.st_size;
+        result->modified = qint64(info.st_mtim.tv_sec) * 1000 + info.st_mtim.tv_nsec / 1000000;
+        result->isDir = S_ISDIR(info.st_mode);
+        return S_ISREG(info.st_mode) || S_ISDIR(info.st_mode) || isLink(folder, entry);
+    }
+    // A folder that may be read but not entered still tells names and kinds.
+    result->size = 0;
+    result->modified = noTime;
+    result->isDir = entry.d_type == DT_DIR;
+    return errno != ENOENT && (entry.d_type == DT_DIR || entry.d_type == DT_REG);
+}
+} // namespace
+
+QVector<FolderEntry> readFolder(const QString &path)
+{
+    QVector<FolderEntry> entries;
+    const std::unique_ptr<DIR, CloseFolder> folder(opendir(QFile::encodeName(path).constData()));
+    if (!folder)
+        return entries;
+
+    const int descriptor = dirfd(folder.get());
+    FolderEntry entry;
+    while (const dirent *next = readdir(folder.get())) {
+        if (next->d_name[0] == '.')
+            continue;
+        entry.name = decodedName(next->d_name);
+        if (isListable(next->d_name, entry.name) && lookAt(descriptor, *next, &entry))
+            entries.append(entry);
+    }
+    return entries;
+}

@@ -1,0 +1,33 @@
+#ifndef FOLDERREADER_H
+#define FOLDERREADER_H
+
+#include <QString>
+#include <QVector>
+#include <QtGlobal>
+
+/** What a folder tells about one of its entries. */
+struct FolderEntry
+{
+    QString name;
+    qint64 size;     ///< bytes
+    qint64 modified; ///< milliseconds since 1970, or noTime
+    bool isDir;      ///< a folder, or a link to one
+};
+Q_DECLARE_TYPEINFO(FolderEntry, Q_MOVABLE_TYPE);
+
+/** The modification time of an entry that can be seen but not looked into. */
+extern const qint64 noTime;
+
+/**
+ * Reads the entries of the folder @p path, in the folder's own order: those that QDir lists with
+ * QDir::Dirs | QDir::Files | QDir::Drives | QDir::NoDotAndDotDot. So no hidden entries, no sockets,
+ * pipes or devices, no links that lead nowhere; a link counts as what it leads to.
+ *
+ * One system call per entry and no file information objects: a folder is read in about the time
+ * that readdir and fstatat take, where QDir::entryInfoList takes up to a hundred times as long.
+ *
+ * @return the entries; none when the folder can't be opened
+ */
+QVector<FolderEntry> readFolder(const QString &path);
+
+#endif // FOLDERREADER_H

@@ -1,0 +1,61 @@
+#include "directory/modificationdates.h"
+
+#include "directory/folderreader.h"
+
+#include <QDateTime>
+
+#include <ctime>
+#include <limits>
+
+namespace {
+const qint64 msPerSecond = 1000;
+const qint64 msPerDay = 24 * 3600 * msPerSecond;
+const int julianDayOf1970 = 2440588;
+
+qint64 floorDivided(qint64 dividend, qint64 divisor)
+{
+    return dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
+}
+
+qint64 wallClockOfQt(qint64 msSinceEpoch)
+{
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(msSinceEpoch);
+    return (local.date().toJulianDay() - julianDayOf1970) * msPerDay +
+           QTime(0, 0).msecsTo(local.time());
+}
+} // namespace
+
+void refreshTimeZone()
+{
+    tzset();
+}
+
+qint64 wallClock(qint64 msSinceEpoch)
+{
+    // Before 1970 and after 2038 Qt goes ways of its own, and nobody has many such files.
+    const qint64 seconds = floorDivided(msSinceEpoch, msPerSecond);
+    if (seconds < 0 || seconds > std::numeric_limits<qint32>::max())
+        return wallClockOfQt(msSinceEpoch);
+
+    const time_t time = static_cast<time_t>(seconds);
+    tm local;
+    localtime_r(&time, &local);
+    return msSinceEpoch + local.tm_gmtoff * msPerSecond;
+}
+
+ModificationDates::ModificationDates(const QString &format)
+    : m_format(format)
+{
+    refreshTimeZone();
+}
+
+QString ModificationDates::text(qint64 msSinceEpoch)
+{
+    if (msSinceEpoch == noTime)
+        return QString();
+    const qint64 day = floorDivided(wallClock(msSinceEpoch), msPerDay);
+    QString &text = m_textByDay[day];
+    if (text.isNull())
+        text = QDate::fromJulianDay(day + julianDayOf1970).toString(m_format);
+    return text;
+}
