@@ -5,12 +5,15 @@
 #include <QDateTime>
 
 #include <ctime>
-#include <limits>
 
 namespace {
 const qint64 msPerSecond = 1000;
 const qint64 msPerDay = 24 * 3600 * msPerSecond;
 const int julianDayOf1970 = 2440588;
+
+// Outside these Qt goes ways of its own, each version another.
+const qint64 firstPlainDay = 3 * 86400;            // 4 January 1970
+const qint64 lastPlainDay = Q_INT64_C(2145571200); // 28 December 2037
 
 qint64 floorDivided(qint64 dividend, qint64 divisor)
 {
@@ -32,9 +35,8 @@ void refreshTimeZone()
 
 qint64 wallClock(qint64 msSinceEpoch)
 {
-    // Before 1970 and after 2038 Qt goes ways of its own, and nobody has many such files.
     const qint64 seconds = floorDivided(msSinceEpoch, msPerSecond);
-    if (seconds < 0 || seconds > std::numeric_limits<qint32>::max())
+    if (seconds < firstPlainDay || seconds > lastPlainDay)
         return wallClockOfQt(msSinceEpoch);
 
     const time_t time = static_cast<time_t>(seconds);

@@ -1,0 +1,64 @@
+#include "support/surface.h"
+
+#include <QMetaMethod>
+#include <QMetaProperty>
+
+namespace {
+#if QT_VERSION < 0x050000
+QByteArray signatureOf(const QMetaMethod &method)
+{
+    return method.signature();
+}
+#else
+QByteArray signatureOf(const QMetaMethod &method)
+{
+    return method.methodSignature();
+}
+#endif
+
+QByteArray resultOf(const QMetaMethod &method)
+{
+    const QByteArray type = method.typeName();
+    return type.isEmpty() ? QByteArray("void") : type;
+}
+
+QByteArray kindOf(const QMetaMethod &method)
+{
+    switch (method.methodType()) {
+    case QMetaMethod::Signal:
+        return "signal";
+    case QMetaMethod::Slot:
+        return method.access() == QMetaMethod::Public ? "slot" : "private slot";
+    default:
+        return "invokable";
+    }
+}
+
+QString describe(const QMetaProperty &property)
+{
+    QByteArray line = QByteArray(property.typeName()) + ' ' + property.name() + ' ';
+    line += property.isWritable() ? "rw" : "r";
+    if (property.isConstant())
+        line += " constant";
+    if (property.hasNotifySignal()) {
+        const QByteArray notify = signatureOf(property.notifySignal());
+        line += ' ' + notify.left(notify.indexOf('('));
+    }
+    return QString::fromLatin1(line);
+}
+
+QString describe(const QMetaMethod &method)
+{
+    return QString::fromLatin1(kindOf(method) + ' ' + resultOf(method) + ' ' + signatureOf(method));
+}
+} // namespace
+
+QStringList surface(const QMetaObject &type)
+{
+    QStringList lines;
+    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
+        lines.append(describe(type.property(i)));
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i)
+        lines.append(describe(type.method(i)));
+    return lines;
+}

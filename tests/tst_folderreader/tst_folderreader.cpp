@@ -1,0 +1,225 @@
+#include "directory/folderreader.h"
+
+#include "support/account.h"
+#include "support/testdir.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+
+#include <algorithm>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+const QDir::Filters listed = QDir::Dirs | QDir::Files | QDir::Drives | QDir::NoDotAndDotDot;
+
+QStringList namesReadFrom(const QString &path)
+{
+    QStringList names;
+    for (const FolderEntry &entry : readFolder(path))
+        names.append(entry.name);
+    return names;
+}
+
+QStringList namesQDirReadsFrom(const QString &path)
+{
+    return QDir(path).entryList(listed, QDir::Unsorted);
+}
+
+FolderEntry entryNamed(const QString &name, const QString &path)
+{
+    for (const FolderEntry &entry : readFolder(path)) {
+        if (entry.name == name)
+            return entry;
+    }
+    return FolderEntry();
+}
+
+void makeSocket(const QString &path)
+{
+    const int descriptor = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address = sockaddr_un();
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, QFile::encodeName(path).constData(), sizeof address.sun_path);
+    QVERIFY(bind(descriptor, reinterpret_cast<sockaddr *>(&address), sizeof address) == 0);
+    close(descriptor);
+}
+} // namespace
+
+class tst_FolderReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void anEmptyFolderHasNoEntries();
+    void aMissingFolderHasNoEntries();
+    void aFileIsNoFolder();
+    void sizeTimeAndKindAreThoseOfTheFile();
+    void timesBelowOneSecondAreKept();
+    void oddNamesAreReadAsTheyAre();
+    void hiddenEntriesAreLeftOut();
+    void specialFilesAndBrokenLinksAreLeftOut();
+    void aLinkCountsAsWhatItLeadsTo();
+    void namesThatTheEncodingLacksAreReadAsQDirDoes();
+    void anEntryThatCannotBeLookedIntoIsListedWithoutSizeAndTime();
+    void everythingIsReadInTheFoldersOrder();
+};
+
+void tst_FolderReader::anEmptyFolderHasNoEntries()
+{
+    const TestDir dir;
+    QCOMPARE(readFolder(dir.path()).size(), 0);
+}
+
+void tst_FolderReader::aMissingFolderHasNoEntries()
+{
+    QCOMPARE(readFolder("/nonexistent/folder").size(), 0);
+    QCOMPARE(readFolder(QString()).size(), 0);
+}
+
+void tst_FolderReader::aFileIsNoFolder()
+{
+    const TestDir dir;
+    dir.file("file", 1);
+    QCOMPARE(readFolder(dir.path("file")).size(), 0);
+}
+
+void tst_FolderReader::sizeTimeAndKindAreThoseOfTheFile()
+{
+    const TestDir dir;
+    dir.file("large.log", Q_INT64_C(5000000000), 1370000000);
+    dir.folder("folder");
+    setTimes(dir.path("folder"), 1, 1360000000);
+
+    const FolderEntry file = entryNamed("large.log", dir.path());
+    QCOMPARE(file.size, Q_INT64_C(5000000000));
+    QCOMPARE(file.modified, Q_INT64_C(1370000000000));
+    QVERIFY(!file.isDir);
+    const FolderEntry folder = entryNamed("folder", dir.path());
+    QCOMPARE(folder.size, QFileInfo(dir.path("folder")).size());
+    QCOMPARE(folder.modified, Q_INT64_C(1360000000000));
+    QVERIFY(folder.isDir);
+}
+
+void tst_FolderReader::timesBelowOneSecondAreKept()
+{
+    const TestDir dir;
+    dir.file("a");
+    const timespec times[] = {{5, 0}, {1370000000, 123456789}};
+    QVERIFY(utimensat(AT_FDCWD, QFile::encodeName(dir.path("a")).constData(), times, 0) == 0);
+    QCOMPARE(entryNamed("a", dir.path()).modified, Q_INT64_C(1370000000123));
+}
+
+void tst_FolderReader::oddNamesAreReadAsTheyAre()
+{
+    const TestDir dir;
+    const QStringList names = QStringList()
+                              << "two  blanks"
+                              << QString::fromUtf8("Bodenw\303\244rme \342\202\254") << "new\nline"
+                              << "\"quotes\" and 'more'"
+                              << "back\\slash" << QString(255, 'x')
+                              << QString::fromUtf8("\357\273\277mark in front") << "~"
+                              << " "
+                              << "a*b?";
+    for (const QString &name : names)
+        dir.file(name);
+
+    QStringList read = namesReadFrom(dir.path());
+    QStringList expected = names;
+    read.sort();
+    expected.sort();
+    QCOMPARE(read, expected);
+}
+
+void tst_FolderReader::hiddenEntriesAreLeftOut()
+{
+    const TestDir dir;
+    dir.file(".hidden");
+    dir.folder(".hidden folder");
+    dir.file("..two dots");
+    dir.file("seen");
+    QCOMPARE(namesReadFrom(dir.path()), QStringList("seen"));
+}
+
+void tst_FolderReader::specialFilesAndBrokenLinksAreLeftOut()
+{
+    const TestDir dir;
+    const QByteArray path = QFile::encodeName(dir.path());
+    dir.file("file");
+    QVERIFY(mkfifo((path + "/pipe").constData(), 0600) == 0);
+    makeSocket(dir.path("socket"));
+    QVERIFY(mknod((path + "/device").constData(), S_IFCHR | 0600, makedev(1, 3)) == 0);
+    QVERIFY(symlink("nowhere", (path + "/broken").constData()) == 0);
+    QVERIFY(symlink("loop", (path + "/loop").constData()) == 0);
+
+    QCOMPARE(namesReadFrom(dir.path()), QStringList("file"));
+    QCOMPARE(namesQDirReadsFrom(dir.path()), QStringList("file"));
+}
+
+void tst_FolderReader::aLinkCountsAsWhatItLeadsTo()
+{
+    const TestDir dir;
+    const QByteArray path = QFile::encodeName(dir.path());
+    dir.file("file", 300, 1370000000);
+    dir.folder("folder");
+    QVERIFY(symlink("file", (path + "/to file").constData()) == 0);
+    QVERIFY(symlink("folder", (path + "/to folder").constData()) == 0);
+    QVERIFY(symlink("/dev/null", (path + "/to device").constData()) == 0);
+
+    QCOMPARE(entryNamed("to file", dir.path()).size, qint64(300));
+    QCOMPARE(entryNamed("to file", dir.path()).modified, Q_INT64_C(1370000000000));
+    QVERIFY(entryNamed("to folder", dir.path()).isDir);
+    QCOMPARE(namesReadFrom(dir.path()), namesQDirReadsFrom(dir.path()));
+    QVERIFY(namesReadFrom(dir.path()).contains("to device"));
+}
+
+void tst_FolderReader::namesThatTheEncodingLacksAreReadAsQDirDoes()
+{
+    const TestDir dir;
+    const QByteArray latin1 = QFile::encodeName(dir.path()) + "/Bodenw\344rme";
+    const int descriptor = open(latin1.constData(), O_CREAT | O_WRONLY, 0600);
+    QVERIFY(descriptor != -1);
+    close(descriptor);
+    dir.file("valid");
+
+    QCOMPARE(namesReadFrom(dir.path()), namesQDirReadsFrom(dir.path()));
+    QVERIFY(namesReadFrom(dir.path()).contains("valid"));
+    unlink(latin1.constData());
+}
+
+void tst_FolderReader::anEntryThatCannotBeLookedIntoIsListedWithoutSizeAndTime()
+{
+    const TestDir dir;
+    dir.file("file", 300, 1370000000);
+    dir.folder("folder");
+    QVERIFY(chmod(QFile::encodeName(dir.path()).constData(), 0744) == 0);
+
+    const EffectiveUser stranger(strangerUid);
+    const FolderEntry file = entryNamed("file", dir.path());
+    QCOMPARE(file.name, QString("file"));
+    QCOMPARE(file.size, qint64(0));
+    QCOMPARE(file.modified, noTime);
+    QVERIFY(!file.isDir);
+    QVERIFY(entryNamed("folder", dir.path()).isDir);
+}
+
+void tst_FolderReader::everythingIsReadInTheFoldersOrder()
+{
+    const TestDir dir;
+    for (int i = 0; i < 1000; ++i)
+        dir.file(QString::number(i * 7919 % 1000));
+    const QStringList names = namesReadFrom(dir.path());
+    QCOMPARE(names.size(), 1000);
+    QCOMPARE(names, namesQDirReadsFrom(dir.path()));
+}
+
+QTEST_MAIN(tst_FolderReader)
+#include "tst_folderreader.moc"
