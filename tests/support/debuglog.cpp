@@ -13,14 +13,16 @@ QString withoutTrailingBlank(QString line)
 }
 
 #if QT_VERSION < 0x050000
-void takeLine(QtMsgType, const char *line)
+void takeLine(QtMsgType type, const char *line)
 {
-    written.append(withoutTrailingBlank(QString::fromLocal8Bit(line)));
+    if (type == QtDebugMsg)
+        written.append(withoutTrailingBlank(QString::fromLocal8Bit(line)));
 }
 #else
-void takeLine(QtMsgType, const QMessageLogContext &, const QString &line)
+void takeLine(QtMsgType type, const QMessageLogContext &, const QString &line)
 {
-    written.append(withoutTrailingBlank(line));
+    if (type == QtDebugMsg)
+        written.append(withoutTrailingBlank(line));
 }
 #endif
 } // namespace

@@ -3,7 +3,8 @@
 
 #include <QStringList>
 
-/** Takes the lines that Qt's debug stream writes while it lives. One at a time. */
+/** Takes the lines that are written at debug level while it lives, and drops Qt's own warnings. One
+ * at a time. */
 class DebugLog
 {
 public:

@@ -34,9 +34,17 @@ QByteArray kindOf(const QMetaMethod &method)
     }
 }
 
+// Qt names the 64-bit numbers in two ways.
+QByteArray typeOf(const QMetaProperty &property)
+{
+    return QByteArray(property.typeName())
+        .replace("qlonglong", "qint64")
+        .replace("qulonglong", "quint64");
+}
+
 QString describe(const QMetaProperty &property)
 {
-    QByteArray line = QByteArray(property.typeName()) + ' ' + property.name() + ' ';
+    QByteArray line = typeOf(property) + ' ' + property.name() + ' ';
     line += property.isWritable() ? "rw" : "r";
     if (property.isConstant())
         line += " constant";
