@@ -7,48 +7,70 @@
 #include <QtAlgorithms>
 
 namespace {
-/** One entry while it is sorted, with what the comparison looks at. */
+/** One entry while it is sorted. Plain data: sorting moves it about a dozen times. */
 struct SortItem
 {
     const FolderEntry *entry;
-    qint64 key;           ///< for the orders by time and size
-    mutable QString name; ///< as compared; null until the first tie asks for it
+    const QString *name; ///< as compared
+    quint64 key;         ///< decides, smallest first, unless it is equal
 };
 
-typedef qint64 (*KeyOf)(const FolderEntry &);
-
-qint64 noKey(const FolderEntry &)
+quint64 largestFirst(qint64 number)
 {
-    return 0;
-}
-
-qint64 sizeKey(const FolderEntry &entry)
-{
-    return entry.size;
+    const quint64 signBit = Q_UINT64_C(1) << 63;
+    return ~(static_cast<quint64>(number) ^ signBit);
 }
 
 // QDir compares whole seconds on Qt 4.8, and on Qt 5 the milliseconds of the local clock, so that
 // the hour before and the hour after the end of summer time fall together.
-qint64 timeKey(const FolderEntry &entry)
+quint64 timeKey(const FolderEntry &entry)
 {
     if (entry.modified == noTime)
-        return 0;
+        return largestFirst(0);
 #if QT_VERSION < 0x050000
-    return entry.modified / 1000;
+    return largestFirst(entry.modified / 1000);
 #else
-    return wallClock(entry.modified);
+    return largestFirst(wallClock(entry.modified));
 #endif
 }
 
-KeyOf keyFor(QDir::SortFlags flags)
+/** The four characters of @p name from @p start on: names that differ in them need no look at the
+ * rest. */
+quint64 nameKey(const QString &name, int start)
 {
-    switch (flags & QDir::SortByMask) {
-    case QDir::Time:
-        return timeKey;
-    case QDir::Size:
-        return sizeKey;
-    default:
-        return noKey;
+    quint64 key = 0;
+    for (int i = start; i < start + 4; ++i)
+        key = key << 16 | (i < name.size() ? name.at(i).unicode() : 0);
+    return key;
+}
+
+/** Length of what all names have in common in front, as log files do. */
+int commonLength(const QVector<SortItem> &items)
+{
+    const QString &first = *items.first().name;
+    int length = first.size();
+    for (const SortItem &item : items) {
+        const QString &name = *item.name;
+        length = qMin(length, name.size());
+        int same = 0;
+        while (same < length && name.at(same) == first.at(same))
+            ++same;
+        length = same;
+    }
+    return length;
+}
+
+void setKeys(QVector<SortItem> *items, QDir::SortFlags flags)
+{
+    const int order = flags & QDir::SortByMask;
+    const int start = order == QDir::Name ? commonLength(*items) : 0;
+    for (SortItem &item : *items) {
+        if (order == QDir::Time)
+            item.key = timeKey(*item.entry);
+        else if (order == QDir::Size)
+            item.key = largestFirst(item.entry->size);
+        else
+            item.key = nameKey(*item.name, start);
     }
 }
 
@@ -73,12 +95,11 @@ public:
     }
 
 private:
-    // Unreversed, the newest and the largest come first.
     qint64 compare(const SortItem &left, const SortItem &right) const
     {
         if (left.key != right.key)
-            return right.key > left.key ? 1 : -1;
-        const int order = comparedName(left).compare(comparedName(right));
+            return left.key < right.key ? -1 : 1;
+        const int order = left.name->compare(*right.name);
 #if QT_VERSION < 0x050000
         // Names that differ in case only: QDir of Qt 4.8 takes the places that they have while it
         // sorts.
@@ -88,28 +109,34 @@ private:
         return order;
     }
 
-    const QString &comparedName(const SortItem &item) const
-    {
-        if (item.name.isNull())
-            item.name = m_flags & QDir::IgnoreCase ? item.entry->name.toLower() : item.entry->name;
-        return item.name;
-    }
-
     const QDir::SortFlags m_flags;
 };
+
+QVector<QString> lowerCaseNames(const QVector<FolderEntry> &entries)
+{
+    QVector<QString> names;
+    names.reserve(entries.size());
+    for (const FolderEntry &entry : entries)
+        names.append(entry.name.toLower());
+    return names;
+}
 } // namespace
 
 void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
 {
+    if (entries->isEmpty())
+        return;
     refreshTimeZone();
-    const KeyOf keyOf = keyFor(flags);
-    const QVector<FolderEntry> unsorted = *entries;
+    const QVector<QString> lowerCase =
+        flags & QDir::IgnoreCase ? lowerCaseNames(*entries) : QVector<QString>();
     QVector<SortItem> items;
-    items.reserve(unsorted.size());
-    for (const FolderEntry &entry : unsorted) {
-        const SortItem item = {&entry, keyOf(entry), QString()};
+    items.reserve(entries->size());
+    for (int i = 0; i < entries->size(); ++i) {
+        const FolderEntry &entry = entries->at(i);
+        const SortItem item = {&entry, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), 0};
         items.append(item);
     }
+    setKeys(&items, flags);
 
     // Neither Qt sorts stably, so that the same order of ties takes the same algorithm.
 #if QT_VERSION < 0x050000
@@ -118,6 +145,9 @@ void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
     std::sort(items.begin(), items.end(), LessThan(flags));
 #endif
 
-    for (int i = 0; i < items.size(); ++i)
-        (*entries)[i] = *items.at(i).entry;
+    QVector<FolderEntry> sorted;
+    sorted.reserve(items.size());
+    for (const SortItem &item : items)
+        sorted.append(*item.entry);
+    *entries = sorted;
 }

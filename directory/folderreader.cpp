@@ -22,24 +22,30 @@ struct CloseFolder
     }
 };
 
-// Behind a separator, as part of a path: alone, a name that starts with a byte-order mark would
-// lose it.
-QString decodedName(const char *name)
+bool isAscii(const char *name)
 {
-    return QFile::decodeName(QByteArray("/") + name).mid(1);
+    for (; *name; ++name) {
+        if (static_cast<signed char>(*name) < 0)
+            return false;
+    }
+    return true;
 }
 
-/** Whether QDir of this Qt lists names with bytes that mean nothing in the file system's encoding.
- */
-bool isListable(const char *name, const QString &decoded)
+/** @p name as a string; a null string when QDir of this Qt does not list such a name. */
+QString decodedName(const char *name)
 {
-#if QT_VERSION < 0x050000
-    Q_UNUSED(name)
-    Q_UNUSED(decoded)
-    return true;
-#else
-    return QFile::encodeName(decoded) == name;
+    if (isAscii(name))
+        return QLatin1String(name); // most are, and a codec takes ten times as long
+
+    // Behind a separator, as part of a path: alone, a leading byte-order mark would get lost.
+    const QByteArray encoded = QByteArray("/") + name;
+    const QString decoded = QFile::decodeName(encoded);
+#if QT_VERSION >= 0x050000
+    // Qt 4.8 lists names with bytes that mean nothing in the file system's encoding, Qt 5 does not.
+    if (QFile::encodeName(decoded) != encoded)
+        return QString();
 #endif
+    return decoded.mid(1);
 }
 
 bool isLink(int folder, const dirent &entry)
@@ -81,7 +87,7 @@ QVector<FolderEntry> readFolder(const QString &path)
         if (next->d_name[0] == '.')
             continue;
         entry.name = decodedName(next->d_name);
-        if (isListable(next->d_name, entry.name) && lookAt(descriptor, *next, &entry))
+        if (!entry.name.isNull() && lookAt(descriptor, *next, &entry))
             entries.append(entry);
     }
     return entries;
