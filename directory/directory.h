@@ -256,7 +256,8 @@ public slots:
     /** Empties the selection, entries in other folders included. */
     void clearSelectedFiles();
 
-    /** Marks the entries shown as the selection has them. Takes the mutex. */
+    /** Marks the entries shown as the selection has them. Takes the mutex, and the items tell their
+     * changes while it is held. */
     void updateSelectedFiles();
 
     /** Writes the size of the selection to the debug output. */

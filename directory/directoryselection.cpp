@@ -37,8 +37,9 @@ void Directory::setIsSelectedAt(int index, bool isSelected)
 
 void Directory::selectAll()
 {
-    const QList<File *> files = m_files;
-    for (File *file : files) {
+    // By index: whoever hears of the change may have the folder listed anew, with other items.
+    for (int i = 0; i < m_files.size(); ++i) {
+        File *file = m_files.at(i);
         if (file->isSelected() || file->isDir())
             continue;
         file->setIsSelected(true);
