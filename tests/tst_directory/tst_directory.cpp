@@ -685,7 +685,8 @@ void tst_Directory::aPathOutsideTheRootIsListed()
     QCOMPARE(breadcrumb(&directory), QStringList("configs=/home/ostan/configs"));
 
     directory.setCurrentPath("/home");
-    QCOMPARE(shownNames(&directory), QStringList("ostan"));
+    // The homes of the people of this machine may be beside it.
+    QVERIFY(shownNames(&directory).contains("ostan"));
     QCOMPARE(breadcrumb(&directory), QStringList("..=/home/ostan/.."));
 }
 
