@@ -8,11 +8,11 @@
 
 namespace {
 const qint64 msPerSecond = 1000;
-const qint64 msPerDay = 24 * 3600 * msPerSecond;
+const qint64 msPerDay = Q_INT64_C(86400000);
 const int julianDayOf1970 = 2440588;
 
 // Outside these Qt goes ways of its own, each version another.
-const qint64 firstPlainDay = 3 * 86400;            // 4 January 1970
+const qint64 firstPlainDay = Q_INT64_C(259200);    // 4 January 1970
 const qint64 lastPlainDay = Q_INT64_C(2145571200); // 28 December 2037
 
 qint64 floorDivided(qint64 dividend, qint64 divisor)

@@ -3,6 +3,7 @@
 #include "directory/directory.h"
 #include "directory/file.h"
 #include "directory/path.h"
+#include "usb/usb.h"
 
 #include <qdeclarative.h>
 
@@ -22,6 +23,7 @@ void FileBrowserPlugin::registerTypes(const char *uri)
     registerType<Directory>(uri, "Directory");
     registerType<File>(uri, "File");
     registerType<Path>(uri, "Path");
+    registerType<USB>(uri, "USB");
 }
 
 Q_EXPORT_PLUGIN2(filebrowser, FileBrowserPlugin)
