@@ -22,10 +22,12 @@ SignalLog::SignalLog(QObject *sender)
     const QMetaObject *type = sender->metaObject();
     const int firstSlot = QObject::staticMetaObject.methodCount();
     for (int i = firstSlot; i < type->methodCount(); ++i) {
-        if (type->method(i).methodType() != QMetaMethod::Signal)
+        const QMetaMethod method = type->method(i);
+        const bool isClone = method.attributes() & QMetaMethod::Cloned; // for default arguments
+        if (method.methodType() != QMetaMethod::Signal || isClone)
             continue;
         QMetaObject::connect(sender, i, this, firstSlot + m_signals.size(), Qt::DirectConnection);
-        m_signals.append(methodName(type->method(i)));
+        m_signals.append(methodName(method));
     }
 }
 

@@ -1,0 +1,676 @@
+#include "tree/filesystemmodel.h"
+
+#include "support/account.h"
+#include "support/debuglog.h"
+#include "support/loading.h"
+#include "support/signallog.h"
+#include "support/stick.h"
+#include "support/surface.h"
+#include "support/testdir.h"
+#include "support/waiting.h"
+
+#include <QBrush>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QFont>
+#include <QPixmap>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <unistd.h>
+
+namespace {
+const time_t aDay = 1370044800; // 1 June 2013, 00:00 UTC
+
+void check(FileSystemModel &model, const QString &path, const QVariant &value = Qt::Checked)
+{
+    model.setData(model.index(path), value, Qt::CheckStateRole);
+}
+
+QVariant checkState(const FileSystemModel &model, const QString &path)
+{
+    return model.data(model.index(path), Qt::CheckStateRole);
+}
+
+QFont fontOf(const FileSystemModel &model, const QString &path)
+{
+    return model.data(model.index(path), Qt::FontRole).value<QFont>();
+}
+
+QColor colorOf(const FileSystemModel &model, const QString &path)
+{
+    return model.data(model.index(path), Qt::ForegroundRole).value<QColor>();
+}
+
+bool isThere(const FileSystemModel &model, const QString &folder, const QString &name)
+{
+    const QModelIndex parent = model.index(folder);
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        if (model.index(row, 0, parent).data().toString() == name)
+            return true;
+    }
+    return false;
+}
+
+/** Counts how the model is asked to fetch. */
+class CountingModel : public FileSystemModel
+{
+public:
+    QStringList fetched;
+
+protected:
+    void fetchMore(const QModelIndex &parent) override
+    {
+        fetched.append(parent.data().toString());
+        FileSystemModel::fetchMore(parent);
+    }
+};
+
+/** Paths of the rows whose data changed, in order. */
+class ChangedRows : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ChangedRows(const QFileSystemModel &model)
+        : m_model(model)
+    {
+        connect(&model, SIGNAL(dataChanged(QModelIndex, QModelIndex)), this,
+                SLOT(record(QModelIndex, QModelIndex)));
+    }
+
+    QStringList paths;
+
+private slots:
+    void record(const QModelIndex &first, const QModelIndex &last)
+    {
+        QCOMPARE(first, last);
+        paths.append(m_model.filePath(first));
+    }
+
+private:
+    const QFileSystemModel &m_model;
+};
+} // namespace
+
+class tst_FileSystemModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aNewModelHasNothingChecked();
+    void signalsAndSlotsStandInTheirOrder();
+    void rolesKeepTheirNumbersAndValues();
+    void everyColumnButTheFirstIsRightAligned();
+    void onlyTheTaggedPathIsHighlighted();
+    void taggingIsAnnouncedByNoSignal();
+    void foldersHaveTheFolderImageAndFilesNone();
+    void everyIndexIsUserCheckable();
+    void withoutCheckBoxesThereIsNoCheckState();
+    void checkingAFolderTellsEveryRowLowestFirst();
+    void debugLinesNameTheEntryAndItsSize();
+    void anythingButCheckedUnchecks_data();
+    void anythingButCheckedUnchecks();
+    void checkingAFolderThatIsNotLoadedSaysSo();
+    void anEmptyFolderSaysThatItIsNotLoaded();
+    void settersEmitNothing();
+    void listSelectedFilesDoesNothing();
+    void clearAllOfANewModelTouchesOnlyTheInvalidIndex();
+    void subfoldersOfTheAccountsHomeArePreloaded_data();
+    void subfoldersOfTheAccountsHomeArePreloaded();
+    void preloadingGoesOneLevelPerLoadedFolder();
+    void otherRolesAreSetByQtsModel();
+    void copyCarriesTimesAndNamesWhatFailed();
+    void copyNeverOverwrites();
+    void copyOfNothingIsNoFailure();
+    void copyRunsWithTheRightsOfTheProcess();
+    void aCopyWhoseTimesAreLostCountsAsCopied();
+    void removedEntriesAreStillCopiedAsEmptyNames();
+    void entriesStayCheckedWhileTheModelSorts();
+    void entriesHiddenByAFilterLoseTheirCheckAndKeepTheirSize();
+};
+
+void tst_FileSystemModel::aNewModelHasNothingChecked()
+{
+    QObject parent;
+    FileSystemModel *model = new FileSystemModel(&parent);
+    QCOMPARE(static_cast<QObject *>(model)->parent(), &parent);
+    QVERIFY(!model->isSelectable());
+    QCOMPARE(model->checkedFilesKB(), quint64(0));
+    QVERIFY(!model->nameFilterDisables());
+    QCOMPARE(model->rootPath(), QFileSystemModel().rootPath());
+}
+
+void tst_FileSystemModel::signalsAndSlotsStandInTheirOrder()
+{
+    QStringList lines = surface(FileSystemModel::staticMetaObject);
+    lines.replaceInStrings("qulonglong", "quint64"); // how Qt 5 reads the same type
+    QCOMPARE(lines, QStringList() << "signal void isSelectableChanged()"
+                                  << "signal void checkedFilesKBChanged()"
+                                  << "slot void clearAll()"
+                                  << "slot bool isSelectable()"
+                                  << "slot void listSelectedFiles()"
+                                  << "slot void readDirectory(QString)"
+                                  << "slot void selectAll()"
+                                  << "slot void setDateTimeFormat(QString)"
+                                  << "slot void setIsSelectable(bool)"
+                                  << "slot void setTaggedPath(QString)"
+                                  << "slot void clearTaggedPath()"
+                                  << "slot quint64 checkedFilesKB()"
+                                  << "slot QString copyCheckedFilesTo(QString)"
+                                  << "private slot void recursiveCheck(QModelIndex,QVariant)");
+}
+
+void tst_FileSystemModel::rolesKeepTheirNumbersAndValues()
+{
+    const TestDir dir;
+    dir.file("a.csv", 5000, aDay);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    const QModelIndex file = model.index(dir.path("a.csv"));
+    const QModelIndex folder = model.index(dir.path());
+
+    QCOMPARE(model.data(file, 36), QVariant(model.type(file)));
+    QCOMPARE(model.data(file, 37), QVariant(QDateTime::fromTime_t(aDay)));
+    QCOMPARE(model.data(file, 38), QVariant(qint64(5000)));
+    QCOMPARE(model.data(file, 39), QVariant(QString("a.csv")));
+    QCOMPARE(model.data(file.sibling(file.row(), 2), 39), QVariant(model.type(file)));
+    QCOMPARE(model.data(file, 40), QVariant(false));
+    QCOMPARE(model.data(folder, 40), QVariant(true));
+    QCOMPARE(model.data(file, QFileSystemModel::FilePathRole), QVariant(dir.path("a.csv")));
+    QCOMPARE(model.data(file, QFileSystemModel::FileNameRole), QVariant(QString("a.csv")));
+
+    // Qt's model takes what it doesn't know for a folder.
+    QCOMPARE(model.data(QModelIndex(), 40), QVariant(true));
+}
+
+void tst_FileSystemModel::everyColumnButTheFirstIsRightAligned()
+{
+    const TestDir dir;
+    dir.file("a.csv", 5000);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    const QModelIndex file = model.index(dir.path("a.csv"));
+    QCOMPARE(model.data(file, Qt::TextAlignmentRole), QVariant());
+    for (int column = 1; column < model.columnCount(); ++column) {
+        const QModelIndex cell = file.sibling(file.row(), column);
+        QCOMPARE(model.data(cell, Qt::TextAlignmentRole).toInt(),
+                 int(Qt::AlignRight | Qt::AlignVCenter));
+    }
+}
+
+void tst_FileSystemModel::onlyTheTaggedPathIsHighlighted()
+{
+    const TestDir dir;
+    dir.file("a.csv", 1);
+    dir.file("b.csv", 1);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    const QFont plain("OpenSans", 12, QFont::Normal, false);
+    const QFont tagged("OpenSans", 12, QFont::DemiBold, true);
+    const QString a = dir.path("a.csv");
+    const QString b = dir.path("b.csv");
+
+    QCOMPARE(fontOf(model, a), plain);
+    QCOMPARE(colorOf(model, a), QColor(51, 51, 51));
+
+    model.setTaggedPath(a);
+    QCOMPARE(fontOf(model, a), tagged);
+    QCOMPARE(fontOf(model, a).family(), QString("OpenSans"));
+    QCOMPARE(fontOf(model, a).pointSize(), 12);
+    QCOMPARE(fontOf(model, a).weight(), 63);
+    QVERIFY(fontOf(model, a).italic());
+    QCOMPARE(colorOf(model, a), QColor("#0076BC"));
+    QCOMPARE(fontOf(model, b), plain);
+    QCOMPARE(fontOf(model, b).weight(), 50);
+    QVERIFY(!fontOf(model, b).italic());
+    QCOMPARE(colorOf(model, b), QColor(51, 51, 51));
+    const QModelIndex size = model.index(a).sibling(model.index(a).row(), 1);
+    QCOMPARE(model.data(size, Qt::FontRole).value<QFont>(), tagged);
+
+    model.setTaggedPath("a.csv"); // a name is no full path
+    QCOMPARE(fontOf(model, a), plain);
+
+    model.setTaggedPath(b);
+    model.clearTaggedPath();
+    QCOMPARE(fontOf(model, b), plain);
+    QCOMPARE(colorOf(model, b), QColor(51, 51, 51));
+}
+
+void tst_FileSystemModel::taggingIsAnnouncedByNoSignal()
+{
+    const TestDir dir;
+    dir.file("a.csv", 1);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    SignalLog log(&model);
+    model.setTaggedPath(dir.path("a.csv"));
+    model.setTaggedPath(dir.path("a.csv"));
+    model.clearTaggedPath();
+    model.clearTaggedPath();
+    QCOMPARE(log.names(), QStringList());
+}
+
+void tst_FileSystemModel::foldersHaveTheFolderImageAndFilesNone()
+{
+    const TestDir dir;
+    dir.file("a.csv", 1);
+    dir.folder("soil");
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    const QModelIndex folder = model.index(dir.path("soil"));
+    const QPixmap image = model.data(folder, Qt::DecorationRole).value<QPixmap>();
+    QCOMPARE(image.size(), QSize(24, 24));
+    QCOMPARE(image.toImage().convertToFormat(QImage::Format_ARGB32),
+             QImage(":/images/blue-folder.png").convertToFormat(QImage::Format_ARGB32));
+    QCOMPARE(model.data(folder, Qt::DecorationRole).value<QPixmap>().cacheKey(), image.cacheKey());
+
+    const QModelIndex file = model.index(dir.path("a.csv"));
+    QVERIFY(!model.data(file, Qt::DecorationRole).isValid());
+    QVERIFY(!model.data(folder.sibling(folder.row(), 1), Qt::DecorationRole).isValid());
+}
+
+void tst_FileSystemModel::everyIndexIsUserCheckable()
+{
+    const TestDir dir;
+    dir.file("a.csv", 1);
+    FileSystemModel model;
+    QFileSystemModel plain;
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(load(plain, dir.path()));
+    const QModelIndex file = model.index(dir.path("a.csv"));
+    QVERIFY(!model.isSelectable());
+    for (int column = 0; column < model.columnCount(); ++column) {
+        QCOMPARE(model.flags(file.sibling(file.row(), column)),
+                 plain.flags(plain.index(dir.path("a.csv"), column)) | Qt::ItemIsUserCheckable);
+    }
+    QCOMPARE(model.flags(QModelIndex()), plain.flags(QModelIndex()) | Qt::ItemIsUserCheckable);
+}
+
+void tst_FileSystemModel::withoutCheckBoxesThereIsNoCheckState()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    const QString a = dir.path("a.csv");
+    check(model, a);
+    QVERIFY(!checkState(model, a).isValid());
+    QCOMPARE(model.checkedFilesKB(), quint64(10));
+
+    model.setIsSelectable(true);
+    QVERIFY(model.isSelectable());
+    QCOMPARE(checkState(model, a), QVariant(int(Qt::Checked)));
+    for (int column = 1; column < model.columnCount(); ++column)
+        QVERIFY(!model.data(model.index(a, column), Qt::CheckStateRole).isValid());
+
+    model.setIsSelectable(false);
+    QVERIFY(!checkState(model, a).isValid());
+    QCOMPARE(model.checkedFilesKB(), quint64(10));
+}
+
+void tst_FileSystemModel::checkingAFolderTellsEveryRowLowestFirst()
+{
+    const TestDir dir;
+    dir.folder("soil");
+    dir.file("soil/a.csv", 100);
+    dir.file("soil/b.csv", 20);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(load(model, dir.path("soil")));
+
+    SignalLog log(&model);
+    const ChangedRows changed(model);
+    check(model, dir.path("soil"));
+
+    QStringList expected;
+    for (int row = 0; row < 3; ++row)
+        expected << "dataChanged"
+                 << "checkedFilesKBChanged";
+    QCOMPARE(log.names(), expected);
+    QCOMPARE(changed.paths,
+             QStringList() << dir.path("soil/a.csv") << dir.path("soil/b.csv") << dir.path("soil"));
+    QCOMPARE(model.checkedFilesKB(), quint64(120 + QFileInfo(dir.path("soil")).size()));
+}
+
+void tst_FileSystemModel::debugLinesNameTheEntryAndItsSize()
+{
+    const TestDir dir;
+    dir.file("a b.csv", 5000);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    DebugLog log;
+    check(model, dir.path("a b.csv"));
+    check(model, dir.path("a b.csv"));
+    check(model, dir.path("a b.csv"), Qt::Unchecked);
+    QCOMPARE(log.lines(), QStringList() << "Add Size  \"a b.csv\" = 5000"
+                                        << "Add Size  \"a b.csv\" = 5000"
+                                        << "Remove Size  \"a b.csv\" = 5000");
+}
+
+void tst_FileSystemModel::anythingButCheckedUnchecks_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<quint64>("total");
+    QTest::newRow("unchecked") << QVariant(int(Qt::Unchecked)) << quint64(0);
+    QTest::newRow("partially checked") << QVariant(int(Qt::PartiallyChecked)) << quint64(0);
+    QTest::newRow("nothing") << QVariant() << quint64(0);
+    QTest::newRow("a text") << QVariant(QString("checked")) << quint64(0);
+    QTest::newRow("the number 2") << QVariant(2) << quint64(70);
+    QTest::newRow("the number 2.0") << QVariant(2.0) << quint64(70);
+}
+
+void tst_FileSystemModel::anythingButCheckedUnchecks()
+{
+    QFETCH(QVariant, value);
+    QFETCH(quint64, total);
+    const TestDir dir;
+    dir.file("a.csv", 70);
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    QVERIFY(load(model, dir.path()));
+    check(model, dir.path("a.csv"));
+    QVERIFY(model.setData(model.index(dir.path("a.csv")), value, Qt::CheckStateRole));
+    QCOMPARE(model.checkedFilesKB(), total);
+    QCOMPARE(checkState(model, dir.path("a.csv")).toInt(),
+             int(total == 0 ? Qt::Unchecked : Qt::Checked));
+}
+
+void tst_FileSystemModel::checkingAFolderThatIsNotLoadedSaysSo()
+{
+    const TestDir dir;
+    dir.folder("soil");
+    dir.file("soil/a.csv", 100);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    DebugLog log;
+    const QSignalSpy total(&model, SIGNAL(checkedFilesKBChanged()));
+    check(model, dir.path("soil"));
+
+    const qint64 size = QFileInfo(dir.path("soil")).size();
+    QCOMPARE(log.lines().count(), 2);
+    QCOMPARE(log.lines().first(), QString("Add Size  \"soil\" = %1").arg(size));
+    const QString error = " ERROR: FileSystemModel::recursiveCheck() - Need to fetch more files "
+                          "not loaded in model!";
+    QVERIFY(log.lines().last().endsWith(error));
+    QString time = log.lines().last();
+    time.chop(error.size());
+    QVERIFY(time.startsWith('"') && time.endsWith('"'));
+    QVERIFY(QDateTime::fromString(time.mid(1, time.size() - 2)).isValid());
+    QCOMPARE(total.count(), 1);
+    QCOMPARE(model.checkedFilesKB(), quint64(size));
+    QCOMPARE(model.rowCount(model.index(dir.path("soil"))), 0);
+}
+
+void tst_FileSystemModel::anEmptyFolderSaysThatItIsNotLoaded()
+{
+    const TestDir dir;
+    dir.folder("empty");
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(load(model, dir.path("empty")));
+    DebugLog log;
+    check(model, dir.path("empty"));
+    QVERIFY(log.lines().last().endsWith("Need to fetch more files not loaded in model!"));
+}
+
+void tst_FileSystemModel::settersEmitNothing()
+{
+    FileSystemModel model;
+    SignalLog log(&model);
+    model.setIsSelectable(true);
+    model.setIsSelectable(true);
+    model.setIsSelectable(false);
+    model.setDateTimeFormat("yyyy");
+    QCOMPARE(log.names(), QStringList());
+}
+
+void tst_FileSystemModel::listSelectedFilesDoesNothing()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    check(model, dir.path("a.csv"));
+    SignalLog log(&model);
+    DebugLog debug;
+    model.listSelectedFiles();
+    QCOMPARE(log.names(), QStringList());
+    QCOMPARE(debug.lines(), QStringList());
+    QCOMPARE(model.checkedFilesKB(), quint64(10));
+}
+
+void tst_FileSystemModel::clearAllOfANewModelTouchesOnlyTheInvalidIndex()
+{
+    FileSystemModel model;
+    SignalLog log(&model);
+    DebugLog debug;
+    model.clearAll();
+    QCOMPARE(log.names(), QStringList() << "dataChanged"
+                                        << "checkedFilesKBChanged");
+    QCOMPARE(debug.lines().count(), 2);
+    QCOMPARE(debug.lines().first(), QString("Remove Size  \"\" = 0"));
+    QCOMPARE(model.checkedFilesKB(), quint64(0));
+}
+
+void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("selectable");
+    QTest::addColumn<bool>("preloaded");
+    QTest::newRow("home") << "/home/ostan/logs" << true << true;
+    QTest::newRow("no check boxes") << "/home/ostan/logs" << false << false;
+    QTest::newRow("elsewhere") << "/tmp/somewhere/logs" << true << false;
+    QTest::newRow("any case, anywhere in the path") << "/tmp/KOSTANZE/logs" << true << true;
+}
+
+void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, selectable);
+    QFETCH(bool, preloaded);
+    const TestDir dir(path);
+    dir.file("a.csv", 1);
+    dir.folder("soil");
+    dir.file("soil/b.csv", 1);
+    CountingModel model;
+    model.setIsSelectable(selectable);
+    QVERIFY(load(model, path));
+    model.fetched.clear();
+    model.readDirectory(path);
+
+    // Every row is asked, files too, in the order of the rows.
+    QStringList rows;
+    const QModelIndex folder = model.index(path);
+    for (int row = 0; row < model.rowCount(folder); ++row)
+        rows << model.index(row, 0, folder).data().toString();
+    QCOMPARE(rows.count(), 2);
+    QCOMPARE(model.fetched, preloaded ? rows : QStringList());
+}
+
+void tst_FileSystemModel::preloadingGoesOneLevelPerLoadedFolder()
+{
+    const TestDir dir("/home/ostan/logs");
+    dir.folder("soil/deep/deeper");
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(waitUntil([&] { return isThere(model, dir.path("soil"), "deep"); }));
+    QVERIFY(waitUntil([&] { return isThere(model, dir.path("soil/deep"), "deeper"); }));
+
+    FileSystemModel without;
+    QVERIFY(load(without, dir.path()));
+    letTimePass(200);
+    QVERIFY(!isThere(without, dir.path("soil"), "deep"));
+}
+
+void tst_FileSystemModel::otherRolesAreSetByQtsModel()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    const QModelIndex file = model.index(dir.path("a.csv"));
+    QVERIFY(!model.setData(file, "b.csv", Qt::EditRole)); // read-only
+    QVERIFY(!model.setData(file, "b.csv", Qt::UserRole));
+    model.setReadOnly(false);
+    QVERIFY(model.setData(file, "b.csv", Qt::EditRole));
+    QCOMPARE(dir.names(), QStringList("b.csv"));
+    QCOMPARE(model.checkedFilesKB(), quint64(0));
+}
+
+void tst_FileSystemModel::copyCarriesTimesAndNamesWhatFailed()
+{
+    const TestDir dir;
+    dir.file("a b.csv", 5000, aDay);
+    dir.file("c.csv", 17, aDay + 86400);
+    dir.folder("soil");
+    const TestDir target;
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    QVERIFY(load(model, dir.path()));
+    model.selectAll();
+    const quint64 total = model.checkedFilesKB();
+
+    SignalLog log(&model);
+    DebugLog debug;
+    QCOMPARE(model.copyCheckedFilesTo(target.path()), QString("soil"));
+
+    QCOMPARE(target.names(), QStringList() << "a b.csv"
+                                           << "c.csv");
+    const QFileInfo copy(target.path("a b.csv"));
+    QCOMPARE(copy.lastModified().toTime_t(), uint(aDay));
+    // Reading the source to copy it may count as its last read.
+    QCOMPARE(copy.lastRead().toTime_t(), QFileInfo(dir.path("a b.csv")).lastRead().toTime_t());
+    QCOMPARE(target.contents("a b.csv"), dir.contents("a b.csv"));
+    QCOMPARE(debug.lines().first(), QString("FileSystemModel::copySelectedTo()"));
+    QStringList selected = debug.lines().mid(1);
+    selected.sort();
+    QCOMPARE(selected, QStringList() << "Selected  \"a b.csv\""
+                                     << "Selected  \"c.csv\""
+                                     << "Selected  \"soil\"");
+    QCOMPARE(log.names(), QStringList());
+    QCOMPARE(model.checkedFilesKB(), total);
+    QCOMPARE(checkState(model, dir.path("soil")).toInt(), int(Qt::Checked));
+    QCOMPARE(checkState(model, dir.path("c.csv")).toInt(), int(Qt::Checked));
+}
+
+void tst_FileSystemModel::copyNeverOverwrites()
+{
+    const TestDir dir;
+    dir.file("a.csv", QByteArray("new"));
+    dir.file("b.csv", QByteArray("new"));
+    const TestDir target;
+    target.file("a.csv", QByteArray("old"));
+    target.file("b.csv", QByteArray("old"));
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    model.selectAll();
+    QStringList failed = model.copyCheckedFilesTo(target.path()).split(' ');
+    failed.sort();
+    QCOMPARE(failed, QStringList() << "a.csv"
+                                   << "b.csv");
+    QCOMPARE(target.contents("a.csv"), QByteArray("old"));
+}
+
+void tst_FileSystemModel::copyOfNothingIsNoFailure()
+{
+    FileSystemModel model;
+    QCOMPARE(model.copyCheckedFilesTo("/nowhere"), QString(""));
+}
+
+void tst_FileSystemModel::copyRunsWithTheRightsOfTheProcess()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    const TestDir target;
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    model.selectAll();
+    QCOMPARE(model.copyCheckedFilesTo(target.path()), QString());
+    QCOMPARE(ownerOf(target.path("a.csv").toLocal8Bit()), geteuid());
+}
+
+void tst_FileSystemModel::aCopyWhoseTimesAreLostCountsAsCopied()
+{
+    const TestDir dir;
+    const QString name = QString::fromUtf8("m\xC3\xBCll.csv"); // other bytes in Latin-1
+    dir.file(name, 10, aDay);
+    const TestDir target;
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    model.selectAll();
+    DebugLog debug;
+    QCOMPARE(model.copyCheckedFilesTo(target.path()), QString());
+    QCOMPARE(target.names(), QStringList(name));
+    QCOMPARE(debug.lines().last(),
+             QString("WARNING: Directory::copySelectedTo() - Failed to copy date modified!"));
+}
+
+void tst_FileSystemModel::removedEntriesAreStillCopiedAsEmptyNames()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    dir.file("b.csv", 20);
+    dir.file("c.csv", 40);
+    const TestDir target;
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    model.selectAll();
+    QFile::remove(dir.path("a.csv"));
+    QFile::remove(dir.path("b.csv"));
+    QVERIFY(waitUntil([&] { return model.rowCount(model.index(dir.path())) == 1; }));
+    QCOMPARE(model.checkedFilesKB(), quint64(70));
+
+    DebugLog debug;
+    QCOMPARE(model.copyCheckedFilesTo(target.path()), QString(" ")); // two empty names
+    QCOMPARE(debug.lines().count("Selected  \"\""), 2);
+    QCOMPARE(target.names(), QStringList("c.csv"));
+}
+
+void tst_FileSystemModel::entriesStayCheckedWhileTheModelSorts()
+{
+    const TestDir dir;
+    for (int i = 0; i < 20; ++i)
+        dir.file(QString("%1.csv").arg(i), 1 + i);
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    QVERIFY(load(model, dir.path()));
+    check(model, dir.path("3.csv"));
+    check(model, dir.path("17.csv"));
+    const QSignalSpy sorted(&model, SIGNAL(layoutChanged()));
+    for (int column = 3; column >= 0; --column) {
+        model.sort(column, Qt::DescendingOrder);
+        model.sort(column, Qt::AscendingOrder);
+        for (int i = 0; i < 20; ++i) {
+            const bool checked = i == 3 || i == 17;
+            QCOMPARE(checkState(model, dir.path(QString("%1.csv").arg(i))).toInt(),
+                     int(checked ? Qt::Checked : Qt::Unchecked));
+        }
+    }
+    QVERIFY(sorted.count() >= 7);
+    check(model, dir.path("3.csv"), Qt::Unchecked);
+    QCOMPARE(model.checkedFilesKB(), quint64(18));
+}
+
+void tst_FileSystemModel::entriesHiddenByAFilterLoseTheirCheckAndKeepTheirSize()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    dir.file("b.txt", 20);
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    QVERIFY(load(model, dir.path()));
+    model.selectAll();
+    model.setNameFilters(QStringList("*csv*"));
+    QVERIFY(waitUntil([&] { return !isThere(model, dir.path(), "b.txt"); }));
+    model.setNameFilters(QStringList());
+    QVERIFY(waitUntil([&] { return isThere(model, dir.path(), "b.txt"); }));
+    QCOMPARE(checkState(model, dir.path("a.csv")).toInt(), int(Qt::Checked));
+    QCOMPARE(checkState(model, dir.path("b.txt")).toInt(), int(Qt::Unchecked));
+    QCOMPARE(model.checkedFilesKB(), quint64(30));
+}
+
+QTEST_MAIN(tst_FileSystemModel)
+#include "tst_filesystemmodel.moc"

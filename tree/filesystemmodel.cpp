@@ -1,0 +1,208 @@
+#include "tree/filesystemmodel.h"
+
+#include "common/datafolders.h"
+#include "common/filecopy.h"
+
+#include <QColor>
+#include <QDateTime>
+#include <QDebug>
+#include <QDir>
+#include <QFileInfo>
+#include <QFont>
+#include <QPixmap>
+#include <QStringList>
+
+namespace {
+const int nameColumn = 0;
+const char fontFamily[] = "OpenSans";
+const int fontPoints = 12;
+} // namespace
+
+FileSystemModel::FileSystemModel(QObject *parent)
+    : QFileSystemModel(parent)
+    , m_dateTimeFormat(QLatin1String("dd MMM yyyy hh:mm AP"))
+    , m_checkedBytes(0)
+    , m_isSelectable(false)
+    , m_font(QFont(QLatin1String(fontFamily), fontPoints, QFont::Normal, false))
+    , m_taggedFont(QFont(QLatin1String(fontFamily), fontPoints, QFont::DemiBold, true))
+    , m_color(QColor(51, 51, 51))
+    , m_taggedColor(QColor(QLatin1String("#0076BC")))
+    , m_folderImage(QPixmap(QLatin1String(":/images/blue-folder.png")))
+{
+    setNameFilterDisables(false);
+    connect(this, SIGNAL(directoryLoaded(QString)), this, SLOT(readDirectory(QString)));
+}
+
+Qt::ItemFlags FileSystemModel::flags(const QModelIndex &index) const
+{
+    return QFileSystemModel::flags(index) | Qt::ItemIsUserCheckable;
+}
+
+QVariant FileSystemModel::data(const QModelIndex &index, int role) const
+{
+    const bool inNameColumn = index.column() == nameColumn;
+    switch (role) {
+    case Qt::TextAlignmentRole:
+        if (!inNameColumn)
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        break;
+    case Qt::ForegroundRole:
+        return isTagged(index) ? m_taggedColor : m_color;
+    case Qt::FontRole:
+        return isTagged(index) ? m_taggedFont : m_font;
+    case Qt::CheckStateRole:
+        if (inNameColumn && m_isSelectable)
+            return int(checkState(index));
+        break;
+    case Qt::DecorationRole:
+        if (inNameColumn)
+            return isDir(index) ? m_folderImage : QVariant();
+        break;
+    case TypeRole:
+        return type(index);
+    case LastModifiedRole:
+        return lastModified(index);
+    case SizeRole:
+        return size(index);
+    case DisplayTextRole:
+        return index.data(Qt::DisplayRole).toString();
+    case IsDirRole:
+        return isDir(index);
+    default:
+        break;
+    }
+    return QFileSystemModel::data(index, role);
+}
+
+bool FileSystemModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (role != Qt::CheckStateRole)
+        return QFileSystemModel::setData(index, value, role);
+
+    const bool checked = value == QVariant(int(Qt::Checked));
+    const qint64 size = QFileInfo(filePath(index)).size();
+    const QPersistentModelIndex entry(index);
+    const bool wasChecked = m_checked.contains(entry);
+    qDebug() << (checked ? "Add Size " : "Remove Size ") << index.data(Qt::DisplayRole).toString()
+             << "=" << size;
+    if (checked) {
+        if (size >= 1 && !wasChecked)
+            m_checkedBytes += size;
+        m_checked.insert(entry);
+    } else {
+        if (size >= 1 && wasChecked)
+            m_checkedBytes -= size;
+        m_checked.remove(entry);
+    }
+    recursiveCheck(index, value);
+    emit dataChanged(index, index);
+    emit checkedFilesKBChanged();
+    return true;
+}
+
+void FileSystemModel::clearAll()
+{
+    setData(index(0, nameColumn), Qt::Unchecked, Qt::CheckStateRole);
+}
+
+bool FileSystemModel::isSelectable()
+{
+    return m_isSelectable;
+}
+
+void FileSystemModel::listSelectedFiles()
+{
+    // Deliberately without effect: screens of the instrument call it.
+}
+
+void FileSystemModel::readDirectory(const QString &path)
+{
+    if (!m_isSelectable || !path.contains(DataFolders::account(), Qt::CaseInsensitive))
+        return;
+    const QModelIndex folder = index(path);
+    for (int row = 0; row < rowCount(folder); ++row)
+        fetchMore(index(row, nameColumn, folder));
+}
+
+void FileSystemModel::selectAll()
+{
+    const QModelIndex folder = index(rootPath());
+    if (!hasChildren(folder))
+        return;
+    for (int row = 0; row < rowCount(folder); ++row)
+        setData(index(row, nameColumn, folder), Qt::Checked, Qt::CheckStateRole);
+}
+
+void FileSystemModel::setDateTimeFormat(const QString &format)
+{
+    m_dateTimeFormat = format;
+}
+
+void FileSystemModel::setIsSelectable(bool isSelectable)
+{
+    m_isSelectable = isSelectable;
+}
+
+void FileSystemModel::setTaggedPath(const QString &path)
+{
+    m_taggedPath = path;
+}
+
+void FileSystemModel::clearTaggedPath()
+{
+    m_taggedPath = QString();
+}
+
+quint64 FileSystemModel::checkedFilesKB()
+{
+    return m_checkedBytes;
+}
+
+QString FileSystemModel::copyCheckedFilesTo(const QString &dest)
+{
+    qDebug() << "FileSystemModel::copySelectedTo()";
+    QStringList failed;
+    const QSet<QPersistentModelIndex> checked = m_checked;
+    for (const QModelIndex &index : checked) {
+        const QString name = index.data(Qt::DisplayRole).toString();
+        qDebug() << "Selected " << name;
+        const QString source = QFileInfo(filePath(index)).absoluteFilePath();
+        if (!copyFileWithTimes(source, dest + QDir::separator() + name))
+            failed.append(name);
+    }
+    return failed.join(QLatin1String(" "));
+}
+
+void FileSystemModel::recursiveCheck(const QModelIndex &index, const QVariant &value)
+{
+    if (!hasChildren(index))
+        return;
+    if (rowCount(index) == 0) {
+        qDebug() << QDateTime::currentDateTime().toString()
+                 << "ERROR: FileSystemModel::recursiveCheck() - Need to fetch more files not "
+                    "loaded in model!";
+        return;
+    }
+    for (int row = 0; row < rowCount(index); ++row)
+        setData(this->index(row, nameColumn, index), value, Qt::CheckStateRole);
+}
+
+bool FileSystemModel::isTagged(const QModelIndex &index) const
+{
+    return QFileSystemModel::data(index, FilePathRole).toString() == m_taggedPath;
+}
+
+Qt::CheckState FileSystemModel::checkState(const QModelIndex &index) const
+{
+    if (m_checked.isEmpty())
+        return Qt::Unchecked;
+    if (m_checked.contains(index))
+        return Qt::Checked;
+    for (QModelIndex folder = index.parent(); folder.isValid(); folder = folder.parent()) {
+        if (m_checked.contains(folder)) {
+            m_checked.insert(index);
+            return Qt::Checked;
+        }
+    }
+    return Qt::Unchecked;
+}
