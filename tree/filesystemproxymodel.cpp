@@ -1,0 +1,54 @@
+#include "tree/filesystemproxymodel.h"
+
+#include "tree/filesystemmodel.h"
+
+#include <QDateTime>
+
+namespace {
+// Columns of QFileSystemModel.
+const int sizeColumn = 1;
+const int dateColumn = 3;
+} // namespace
+
+FileSystemProxyModel::FileSystemProxyModel(QObject *parent)
+    : QSortFilterProxyModel(parent)
+    , m_dirsFirst(true)
+{
+}
+
+bool FileSystemProxyModel::dirsFirst() const
+{
+    return m_dirsFirst;
+}
+
+void FileSystemProxyModel::setDirsFirst(bool dirsfirst)
+{
+    if (dirsfirst == m_dirsFirst)
+        return;
+    m_dirsFirst = dirsfirst;
+    emit dirsFirstChanged();
+    invalidate();
+}
+
+bool FileSystemProxyModel::lessThan(const QModelIndex &left, const QModelIndex &right) const
+{
+    const FileSystemModel *model = qobject_cast<const FileSystemModel *>(sourceModel());
+    if (!model)
+        return QSortFilterProxyModel::lessThan(left, right);
+
+    const bool leftIsDir = model->isDir(left);
+    if (leftIsDir != model->isDir(right)) {
+        // The base class sorts descending by swapping the rows: the order undoes that, so that the
+        // groups stay where they are.
+        const bool ascending = sortOrder() == Qt::AscendingOrder;
+        return (leftIsDir == m_dirsFirst) == ascending;
+    }
+    switch (sortColumn()) {
+    case dateColumn:
+        return model->lastModified(left) < model->lastModified(right);
+    case sizeColumn:
+        return model->size(left) < model->size(right);
+    default:
+        return QSortFilterProxyModel::lessThan(left, right);
+    }
+}
