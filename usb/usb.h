@@ -102,8 +102,7 @@ public:
         return m_usbB;
     }
 
-    // Each writer stores and announces a value that differs from the present one, and ignores the
-    // rest.
+    // A writer does nothing and emits nothing for the value that is there already.
     void setUsbAPath(const QString &path);
     void setUsbAFreeSpace(const QString &text);
     void setUsbASpace(qint64 kilobytes);
@@ -152,13 +151,14 @@ public slots:
 
 signals:
     void usbAChanged();
-    void
-    usbADirChanged(); // no property's and never emitted: part of the interface that screens know
+    /** Belongs to no property and is never emitted; kept for the screens that name it. */
+    void usbADirChanged();
     void usbAFreeSpaceChanged();
     void usbAPathChanged();
     void usbASpaceChanged();
     void usbBChanged();
-    void usbBDirChanged(); // as usbADirChanged
+    /** Never emitted, like usbADirChanged(). */
+    void usbBDirChanged();
     void usbBFreeSpaceChanged();
     void usbBPathChanged();
     void usbBSpaceChanged();
