@@ -1,6 +1,7 @@
 #include "support/testdir.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -11,6 +12,10 @@
 #include <utime.h>
 
 namespace {
+const QDir::Filters allEntries =
+    QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+const qint64 smallFile = 65536;
+
 void check(bool done, const char *what, const QString &path)
 {
     if (done)
@@ -25,6 +30,20 @@ QString temporaryFolder()
     check(mkdtemp(pattern.data()), "make", QDir::tempPath());
     chmod(pattern.constData(), 0777);
     return QFile::decodeName(pattern);
+}
+
+QString describe(const QString &path)
+{
+    struct stat info;
+    check(lstat(QFile::encodeName(path).constData(), &info) == 0, "look at", path);
+    QStringList parts = QStringList() << path;
+    for (qint64 number : {qint64(info.st_uid), qint64(info.st_gid), qint64(info.st_mode),
+                          qint64(info.st_size), qint64(info.st_mtime)})
+        parts.append(QString::number(number));
+    QFile file(path);
+    if (S_ISREG(info.st_mode) && info.st_size <= smallFile && file.open(QIODevice::ReadOnly))
+        parts.append(QString::fromLatin1(file.readAll().toHex()));
+    return parts.join(QLatin1String(" "));
 }
 } // namespace
 
@@ -86,8 +105,7 @@ QByteArray TestDir::contents(const QString &name) const
 
 QStringList TestDir::names() const
 {
-    return QDir(m_path).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    return QDir(m_path).entryList(allEntries, QDir::Name);
 }
 
 void removeTree(const QString &path)
@@ -97,10 +115,19 @@ void removeTree(const QString &path)
         QFile::remove(path);
         return;
     }
-    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    for (const QString &name : QDir(path).entryList(all))
+    for (const QString &name : QDir(path).entryList(allEntries))
         removeTree(path + QLatin1Char('/') + name);
     QDir().rmdir(path);
+}
+
+QStringList treeOf(const QString &path)
+{
+    QStringList lines;
+    QDirIterator below(path, allEntries, QDirIterator::Subdirectories);
+    while (below.hasNext())
+        lines.append(describe(below.next()));
+    lines.sort();
+    return lines;
 }
 
 void setTimes(const QString &path, time_t access, time_t modification)

@@ -57,6 +57,12 @@ private:
 /** Removes @p path with all its contents, without following links. Nothing there is fine. */
 void removeTree(const QString &path);
 
+/**
+ * What stands below @p path, hidden entries too: a line each with name, owner, group, mode, size,
+ * modification time and, of files up to 64 KB, the contents. Two equal answers: nothing changed.
+ */
+QStringList treeOf(const QString &path);
+
 /** Sets access and modification time of @p path, in seconds since 1970. */
 void setTimes(const QString &path, time_t access, time_t modification);
 

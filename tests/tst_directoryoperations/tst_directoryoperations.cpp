@@ -3,6 +3,7 @@
 #include "support/account.h"
 #include "support/listing.h"
 #include "support/oddnames.h"
+#include "support/reaction.h"
 #include "support/testdir.h"
 #include "support/waiting.h"
 
@@ -120,39 +121,14 @@ void tst_DirectoryOperations::existsNeedsNoAccount()
     QVERIFY(!m_directory->exists("b.log"));
 }
 
-namespace {
-/** Asks for a name in a handler of filesChanged(), which runs while the mutex is held. */
-class Asker : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit Asker(Directory *directory)
-        : answer(false)
-        , m_directory(directory)
-    {
-        connect(directory, SIGNAL(filesChanged()), this, SLOT(ask()));
-    }
-
-    bool answer;
-
-private slots:
-    void ask()
-    {
-        answer = m_directory->exists("a.log");
-    }
-
-private:
-    Directory *m_directory;
-};
-} // namespace
-
 void tst_DirectoryOperations::existsWorksWhileTheListingIsAnnounced()
 {
     m_folder->file("a.log");
-    const Asker asker(m_directory);
+    bool exists = false;
+    const Reaction underTheMutex(m_directory, SIGNAL(filesChanged()),
+                                 [&] { exists = m_directory->exists("a.log"); });
     list();
-    QVERIFY(asker.answer);
+    QVERIFY(exists);
 }
 
 void tst_DirectoryOperations::existsFollowsNavigation()

@@ -3,6 +3,7 @@
 #include "support/debuglog.h"
 #include "support/listing.h"
 #include "support/moment.h"
+#include "support/reaction.h"
 #include "support/signallog.h"
 #include "support/testdir.h"
 #include "support/waiting.h"
@@ -21,31 +22,6 @@ QString totalLine(int kb)
     return "Directory::updateSelectedFilesKB () - KB =  " + QString::number(kb);
 }
 
-/** Looks at the selection whenever its change is announced. */
-class Observer : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit Observer(Directory *directory)
-        : m_directory(directory)
-    {
-        connect(directory, SIGNAL(selectedFilesChanged()), this, SLOT(look()));
-    }
-
-    QStringList selections;
-    QStringList marks;
-
-private slots:
-    void look()
-    {
-        selections.append(m_directory->selectedFiles());
-        marks.append(markedNames(m_directory).join(" "));
-    }
-
-private:
-    Directory *m_directory;
-};
 } // namespace
 
 class tst_DirectorySelection : public QObject
@@ -138,14 +114,16 @@ void tst_DirectorySelection::selectingAFileMarksNamesAndCountsIt()
     list(m_folder->path());
     SignalLog log(m_directory);
     SignalLog fileLog(shownFile(m_directory, 1));
-    Observer observer(m_directory);
+    QStringList marks;
+    const Reaction look(m_directory, SIGNAL(selectedFilesChanged()),
+                        [&] { marks = markedNames(m_directory); });
     DebugLog debug;
 
     m_directory->setIsSelectedAt(1, true);
 
     QCOMPARE(log.names(), QStringList("selectedFilesChanged"));
     QCOMPARE(fileLog.names(), QStringList("isSelectedChanged"));
-    QCOMPARE(observer.marks, QStringList("b.log"));
+    QCOMPARE(marks, QStringList("b.log"));
     QCOMPARE(debug.lines(), QStringList(totalLine(4)));
     QCOMPARE(m_directory->selectedFiles(), QString("b.log"));
     QCOMPARE(m_directory->selectedFilesKB(), qint64(4));
@@ -337,7 +315,10 @@ void tst_DirectorySelection::selectAllTakesEveryFileAndNoFolder()
     m_folder->file("c.log", 4096);
     list(m_folder->path());
     SignalLog log(m_directory);
-    Observer observer(m_directory);
+    QStringList steps;
+    const Reaction look(m_directory, SIGNAL(selectedFilesChanged()), [&] {
+        steps.append(m_directory->selectedFiles() + " | " + markedNames(m_directory).join(" "));
+    });
     DebugLog debug;
 
     m_directory->selectAll();
@@ -345,11 +326,9 @@ void tst_DirectorySelection::selectAllTakesEveryFileAndNoFolder()
     QCOMPARE(log.names(), QStringList() << "selectedFilesChanged"
                                         << "selectedFilesChanged"
                                         << "selectedFilesChanged");
-    const QStringList steps = QStringList() << "a.log"
-                                            << "a.log b.log"
-                                            << "a.log b.log c.log";
-    QCOMPARE(observer.selections, steps);
-    QCOMPARE(observer.marks, steps);
+    QCOMPARE(steps, QStringList() << "a.log | a.log"
+                                  << "a.log b.log | a.log b.log"
+                                  << "a.log b.log c.log | a.log b.log c.log");
     QCOMPARE(debug.lines(), QStringList() << totalLine(0) << totalLine(1) << totalLine(5));
     QCOMPARE(m_directory->selectedFilesKB(), qint64(5));
 }
@@ -388,7 +367,8 @@ void tst_DirectorySelection::selectAllSurvivesAListingInBetween()
     m_folder->file("c.log", 1024);
     list(m_folder->path());
     m_folder->file("a.log", 1024);
-    connect(m_directory, SIGNAL(selectedFilesChanged()), m_directory, SLOT(refresh()));
+    const Reaction relist(m_directory, SIGNAL(selectedFilesChanged()),
+                          [&] { m_directory->refresh(); });
 
     m_directory->selectAll();
 
@@ -433,10 +413,11 @@ void tst_DirectorySelection::clearingTakesTheMarksAwayBeforeItTells()
     m_folder->file("a.log");
     list(m_folder->path());
     select("a.log");
-    Observer observer(m_directory);
+    QStringList marks("never told");
+    const Reaction look(m_directory, SIGNAL(selectedFilesChanged()),
+                        [&] { marks = markedNames(m_directory); });
     m_directory->clearAll();
-    QCOMPARE(observer.selections, QStringList(QString()));
-    QCOMPARE(observer.marks, QStringList(QString()));
+    QCOMPARE(marks, QStringList());
 }
 
 void tst_DirectorySelection::clearingNothingTellsAsWell()
