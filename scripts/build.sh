@@ -1,0 +1,101 @@
+# What ./run and ./test share: their options, the packages, the build. Sourced at the project's root.
+# shellcheck shell=sh
+
+# What a bare Debian 12 lacks, in the order build, look of the screens, private instrument.
+packages='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qml-module-qtquick2
+    fonts-open-sans fonts-dejavu-core
+    uidmap'
+
+# For lines in each script's usage().
+build_options='  --debug            build without optimisation, with debug information, in a folder of its own
+  --sanitize         build with the address and undefined-behaviour sanitizers, likewise
+  --qmake <path>     build for the Qt 4.8 that this qmake belongs to, likewise
+  --help             show this text'
+
+build=build
+build_type=Release
+sanitize=OFF
+qmake=
+
+fail() {
+    echo "$0: $*" >&2
+    exit 1
+}
+
+# Takes the option in front if it is one of the above. Sets "taken" to the number of words taken.
+take_build_option() {
+    taken=1
+    case $1 in
+    --debug)
+        build_type=Debug
+        build=$build-debug
+        ;;
+    --sanitize)
+        sanitize=ON
+        build_type=Debug
+        build=$build-sanitize
+        ;;
+    --qmake)
+        [ $# -gt 1 ] || fail "--qmake needs the path of a qmake"
+        qmake=$2
+        build=$build-qt4
+        packages="$packages xvfb xauth"
+        taken=2
+        ;;
+    --help)
+        usage
+        exit 0
+        ;;
+    *) fail "unknown option $1; try --help" ;;
+    esac
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+missing_packages() {
+    # shellcheck disable=SC2086 # one package per word
+    installed=$(dpkg-query --show --showformat='${Package} ${db:Status-Status}\n' $packages \
+        2>/dev/null | sed -n 's/ installed$//p')
+    for package in $packages; do
+        echo "$installed" | grep -qx "$package" || echo "$package"
+    done
+}
+
+install_missing_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        echo "Not a Debian: taking for granted the like of" $packages
+        return
+    fi
+    missing=$(missing_packages)
+    [ -n "$missing" ] || return 0
+    echo "Installing" $missing
+    as_root apt-get update -q
+    # shellcheck disable=SC2086 # one package per word
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q --yes --no-install-recommends $missing
+}
+
+# build_project [target...]
+build_project() {
+    install_missing_packages
+    if [ ! -e "$build/build.ninja" ]; then
+        cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE="$build_type" \
+            -DFILEBROWSER_SANITIZE="$sanitize" -DQT_QMAKE_EXECUTABLE="$qmake"
+    fi
+    ninja -C "$build" "$@"
+}
+
+# Runs a command with a display that nobody sees, if it needs one and has none.
+with_display() {
+    if [ -n "$qmake" ] && [ -z "${DISPLAY-}" ]; then
+        xvfb-run --auto-servernum "$@"
+    else
+        "$@"
+    fi
+}
