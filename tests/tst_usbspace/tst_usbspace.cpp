@@ -162,8 +162,11 @@ void tst_UsbSpace::blocksReservedForRootAreNotCounted()
     QCOMPARE(quint64(figures.f_bsize), Q_UINT64_C(1024));
     USB usb;
     usb.find();
+    const DebugLog log;
+    usb.readSpaceUsbA();
     QCOMPARE(usb.usbAPath(), QString("/media/disk"));
     QCOMPARE(usb.usbASpace(), qint64(figures.f_bavail));
+    QVERIFY(log.lines().contains("f_bavail =  " + QString::number(figures.f_bavail)));
 }
 
 void tst_UsbSpace::aPathThatIsGoneHasNone()
