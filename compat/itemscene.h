@@ -1,0 +1,45 @@
+#ifndef COMPAT_ITEMSCENE_H
+#define COMPAT_ITEMSCENE_H
+
+#include <QGraphicsScene>
+#include <QImage>
+
+/** The private scene around the graphics side of one QDeclarativeItem. */
+class ItemScene : public QGraphicsScene
+{
+    Q_OBJECT
+
+public:
+    /** A scene with @p item as its only top-level item. The item must outlive the scene. */
+    explicit ItemScene(QGraphicsItem *item);
+    ~ItemScene() override;
+
+    /** A picture of the area (0, 0, @p size), in item coordinates, with @p pixelRatio pixels per
+     * unit and transparent where nothing is; a null image when the size is empty. */
+    QImage picture(const QSizeF &size, qreal pixelRatio);
+
+    /** Whether @p watched is a widget shown in this scene is told to draw itself: delivers that
+     * at once, with all that follows from it. */
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    /** Something looks different since the last picture. */
+    void appearanceChanged();
+
+    /** A widget has been told to draw itself, now: appearanceChanged() comes first. */
+    void widgetRepainted();
+
+private slots:
+    void noteChange(const QList<QRectF> &region);
+    void refuseFocus(QGraphicsItem *newFocus);
+
+private:
+    Q_DISABLE_COPY(ItemScene)
+
+    bool shows(QObject *object) const;
+
+    QGraphicsItem *m_item;
+    bool m_isDelivering;
+};
+
+#endif // COMPAT_ITEMSCENE_H

@@ -1,0 +1,16 @@
+#include "qdeclarativeview.h"
+
+QDeclarativeView::QDeclarativeView(QWidget *parent)
+    : QQuickWidget(parent)
+{
+}
+
+QDeclarativeView::QDeclarativeView(const QUrl &source, QWidget *parent)
+    : QQuickWidget(source, parent)
+{
+}
+
+QWidget *QDeclarativeView::viewport()
+{
+    return this;
+}
