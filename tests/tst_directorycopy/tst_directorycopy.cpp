@@ -337,7 +337,7 @@ void tst_DirectoryCopy::aGigabyteIsCopied()
     QVERIFY(source.seek(gigabyte - mark.size()) && source.write(mark) == mark.size());
     source.close();
     setTimes(source.fileName(), someDay, someDay);
-    const Stick stick("/dev/sdb1", "/media/big", 1100 * 1024);
+    const Stick stick("/dev/sdb1", "/media/big", Q_INT64_C(1100) * 1024);
     list();
     select("a.log");
     QCOMPARE(m_directory->selectedFilesKB(), qint64(1 << 20));
@@ -548,7 +548,7 @@ void tst_DirectoryCopy::whatStillFitsIsCopied()
 void tst_DirectoryCopy::aKillLeavesTheSourcesUntouched()
 {
     const qint64 endless = Q_INT64_C(1) << 40;
-    const Stick stick("/dev/sdb1", "/media/big", 4 << 20);
+    const Stick stick("/dev/sdb1", "/media/big", Q_INT64_C(4) << 20);
     m_folder->file("a.log", endless, someDay);
     m_folder->file("b.log", QByteArray("contents"), someDay);
     const QStringList before = treeOf(m_folder->path());
