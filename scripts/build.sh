@@ -84,7 +84,8 @@ install_missing_packages() {
 # build_project [target...]
 build_project() {
     install_missing_packages
-    if [ ! -e "$build/build.ninja" ]; then
+    # What was installed just now may be what the build could do without so far.
+    if [ ! -e "$build/build.ninja" ] || [ -n "${missing-}" ]; then
         cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE="$build_type" \
             -DFILEBROWSER_SANITIZE="$sanitize" -DQT_QMAKE_EXECUTABLE="$qmake"
     fi

@@ -13,8 +13,13 @@
 class DiskStick
 {
 public:
-    /** Makes a disk of @p kilobytes and mounts it as @p device, a path below /dev, on @p
-     * mountPoint. */
+    /** Whether this process may have disks: the root of a user namespace may not. */
+    static bool isAllowed();
+
+    /**
+     * Makes a disk of @p kilobytes and mounts it as @p device, a path below /dev, on @p mountPoint,
+     * which is made when missing.
+     */
     DiskStick(const QByteArray &device, const QByteArray &mountPoint, int kilobytes = 8192);
     ~DiskStick();
 
