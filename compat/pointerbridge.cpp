@@ -1,58 +1,88 @@
 #include "pointerbridge.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QGraphicsItem>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
 #include <QHoverEvent>
-#include <QMouseEvent>
+#include <QQuickWidget>
+#include <QStyleHints>
 #include <QWheelEvent>
 
 namespace {
 const QPointF outOfReach(-10000, -10000);
+
+QQuickWidget *viewOf(const QQuickWindow *window)
+{
+    const QWidgetList widgets = window ? QApplication::allWidgets() : QWidgetList();
+    for (QWidget *widget : widgets) {
+        QQuickWidget *view = qobject_cast<QQuickWidget *>(widget);
+        if (view && view->quickWindow() == window) {
+            return view;
+        }
+    }
+    return nullptr;
+}
 } // namespace
 
 PointerBridge::PointerBridge(QGraphicsScene *scene)
     : m_scene(scene)
+    , m_viewTakesDoubleClick(false)
+    , m_tapTime(0)
 {
+}
+
+void PointerBridge::setWindow(QQuickWindow *window)
+{
+    if (m_view) {
+        m_view->removeEventFilter(this);
+    }
+    m_view = viewOf(window);
+    if (m_view) {
+        m_view->installEventFilter(this);
+    }
 }
 
 void PointerBridge::press(QMouseEvent *event)
 {
-    event->setAccepted(send(QEvent::GraphicsSceneMousePress, *event));
-    if (event->isAccepted()) {
-        m_buttons = event->buttons();
+    if (beginsDoubleClick(*event)) {
+        m_heldPress.reset(new QMouseEvent(*event));
+        event->accept();
+        return;
     }
+    event->setAccepted(send(QEvent::GraphicsSceneMousePress, *event));
 }
 
 void PointerBridge::doubleClick(QMouseEvent *event)
 {
-    event->setAccepted(send(QEvent::GraphicsSceneMouseDoubleClick, *event));
-    if (event->isAccepted()) {
-        m_buttons = event->buttons();
-    }
+    m_heldPress.reset();
+    send(QEvent::GraphicsSceneMouseDoubleClick, *event);
+    // Qt Quick would lose the release of a touch, because the press has been accepted before.
+    event->accept();
 }
 
 void PointerBridge::move(QMouseEvent *event)
 {
     // Without a button it is the echo of a touch, at wherever the mouse was last.
     if (event->buttons()) {
+        sendHeldPress();
         event->setAccepted(send(QEvent::GraphicsSceneMouseMove, *event));
     }
 }
 
 void PointerBridge::release(QMouseEvent *event)
 {
-    m_buttons = event->buttons();
+    sendHeldPress();
     event->setAccepted(send(QEvent::GraphicsSceneMouseRelease, *event));
 }
 
 void PointerBridge::cancel()
 {
+    m_heldPress.reset();
     while (m_buttons) {
-        const Qt::MouseButton lowest = Qt::MouseButton(int(m_buttons) & -int(m_buttons));
-        m_buttons &= ~Qt::MouseButtons(lowest);
+        const Qt::MouseButton button = Qt::MouseButton(int(m_buttons) & -int(m_buttons));
         const QMouseEvent event(QEvent::MouseButtonRelease, outOfReach, outOfReach, outOfReach,
-                                lowest, m_buttons, Qt::NoModifier);
+                                button, m_buttons & ~button, Qt::NoModifier);
         send(QEvent::GraphicsSceneMouseRelease, event);
     }
 }
@@ -86,6 +116,51 @@ void PointerBridge::leave()
     QCoreApplication::sendEvent(m_scene, &event);
 }
 
+bool PointerBridge::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        m_viewTakesDoubleClick = event->type() == QEvent::MouseButtonDblClick;
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool PointerBridge::beginsDoubleClick(const QMouseEvent &press)
+{
+    const bool isTouch = press.source() == Qt::MouseEventSynthesizedByQt;
+    const bool begins = isTouch ? isSecondTap(press)
+                                : m_viewTakesDoubleClick ||
+                                      press.flags().testFlag(Qt::MouseEventCreatedDoubleClick);
+    const QGraphicsItem *target = m_scene->itemAt(press.localPos(), QTransform());
+    return begins && target && target->parentItem();
+}
+
+/** The rule by which Qt Quick makes a double click of two touches. */
+bool PointerBridge::isSecondTap(const QMouseEvent &press)
+{
+    const QStyleHints *hints = QGuiApplication::styleHints();
+    const QPoint way = press.globalPos() - m_tapPosition;
+    const bool isSecond = m_tapTime && qAbs(way.x()) <= hints->touchDoubleTapDistance() &&
+                          qAbs(way.y()) <= hints->touchDoubleTapDistance() &&
+                          press.timestamp() - m_tapTime < ulong(hints->mouseDoubleClickInterval());
+    m_tapTime = isSecond ? 0 : press.timestamp();
+    m_tapPosition = press.globalPos();
+    return isSecond;
+}
+
+void PointerBridge::sendHeldPress()
+{
+    if (m_heldPress) {
+        send(QEvent::GraphicsSceneMousePress, *m_heldPress);
+        m_heldPress.reset();
+    }
+}
+
 bool PointerBridge::send(QEvent::Type type, const QMouseEvent &event)
 {
     QGraphicsSceneMouseEvent sceneEvent(type);
@@ -99,6 +174,7 @@ bool PointerBridge::send(QEvent::Type type, const QMouseEvent &event)
     sceneEvent.setSource(event.source());
     sceneEvent.setFlags(event.flags());
     sceneEvent.ignore();
+    m_buttons = event.buttons();
     m_lastScenePosition = event.localPos();
     m_lastScreenPosition = event.globalPos();
     QCoreApplication::sendEvent(m_scene, &sceneEvent);

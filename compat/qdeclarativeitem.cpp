@@ -21,6 +21,7 @@ QDeclarativeItem::QDeclarativeItem(QDeclarativeItem *parent)
 
     m_scene.reset(new ItemScene(this));
     m_pointer.reset(new PointerBridge(m_scene.data()));
+    m_pointer->setWindow(window());
     connect(m_scene.data(), SIGNAL(appearanceChanged()), this, SLOT(schedulePicture()));
     connect(m_scene.data(), SIGNAL(widgetRepainted()), this, SLOT(takePictureNow()));
 }
@@ -54,6 +55,9 @@ void QDeclarativeItem::geometryChanged(const QRectF &newGeometry, const QRectF &
 void QDeclarativeItem::itemChange(ItemChange change, const ItemChangeData &value)
 {
     switch (change) {
+    case QQuickItem::ItemSceneChange:
+        m_pointer->setWindow(value.window);
+        break;
     case QQuickItem::ItemVisibleHasChanged:
         QGraphicsItem::setVisible(value.boolValue);
         schedulePicture();
@@ -83,7 +87,7 @@ void QDeclarativeItem::schedulePicture()
 
 void QDeclarativeItem::takePictureNow()
 {
-    if (window() && window()->isVisible()) {
+    if (window() && window()->visibility() != QWindow::Hidden) {
         updatePolish();
     }
 }

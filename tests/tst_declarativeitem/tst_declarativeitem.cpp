@@ -1,187 +1,10 @@
-#include "support/testdir.h"
+#include "support/probescreen.h"
 #include "support/waiting.h"
 
-#include <QDeclarativeItem>
-#include <QDeclarativeView>
-
 #include <QGraphicsProxyWidget>
-#include <QMouseEvent>
+#include <QGraphicsScene>
 #include <QPainter>
-#include <QProcess>
-#include <QQuickWindow>
 #include <QtTest>
-
-namespace {
-/** A widget that remembers what it is told. */
-class Probe : public QWidget
-{
-public:
-    Probe()
-        : paints(0)
-    {
-        ++alive;
-    }
-
-    ~Probe() override
-    {
-        --alive;
-    }
-
-    /** Events so far, as "press 10,20" and the like, and starts again from nothing. */
-    QStringList take()
-    {
-        const QStringList taken = m_events;
-        m_events.clear();
-        return taken;
-    }
-
-    int paints;
-    static int alive;
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        ++paints;
-        QPainter painter(this);
-        const int x = width() / 2;
-        const int y = height() / 2;
-        painter.fillRect(0, 0, x, y, Qt::red);
-        painter.fillRect(x, 0, width() - x, y, Qt::green);
-        painter.fillRect(0, y, x, height() - y, Qt::blue);
-        painter.fillRect(x, y, width() - x, height() - y, Qt::black);
-    }
-
-    void mousePressEvent(QMouseEvent *event) override
-    {
-        note("press", event->pos());
-    }
-
-    void mouseMoveEvent(QMouseEvent *event) override
-    {
-        note(event->buttons() ? "drag" : "hover", event->pos());
-    }
-
-    void mouseReleaseEvent(QMouseEvent *event) override
-    {
-        note(rect().contains(event->pos()) ? "release" : "release outside", event->pos());
-    }
-
-    void mouseDoubleClickEvent(QMouseEvent *event) override
-    {
-        note("double click", event->pos());
-    }
-
-    void wheelEvent(QWheelEvent *event) override
-    {
-        note("wheel", event->position().toPoint());
-        m_events.last() +=
-            QString(" by %1,%2").arg(event->angleDelta().x()).arg(event->angleDelta().y());
-        event->accept();
-    }
-
-private:
-    void note(const char *what, const QPoint &position)
-    {
-        m_events.append(QString("%1 %2,%3").arg(what).arg(position.x()).arg(position.y()));
-    }
-
-    QStringList m_events;
-};
-
-int Probe::alive = 0;
-
-/** An item with a widget pinned to its size, written to the API of Qt 4.8. */
-class ProbeItem : public QDeclarativeItem
-{
-    Q_OBJECT
-
-public:
-    explicit ProbeItem(QDeclarativeItem *parent = 0)
-        : QDeclarativeItem(parent)
-        , m_proxy(new QGraphicsProxyWidget(this))
-        , m_probe(new Probe)
-    {
-        setFlag(QGraphicsItem::ItemHasNoContents, false);
-        m_proxy->setWidget(m_probe);
-        connect(this, SIGNAL(widthChanged()), this, SLOT(fit()));
-        connect(this, SIGNAL(heightChanged()), this, SLOT(fit()));
-    }
-
-    ~ProbeItem() override
-    {
-        delete m_probe;
-    }
-
-    Probe *probe() const
-    {
-        return m_probe;
-    }
-
-    QGraphicsProxyWidget *proxy() const
-    {
-        return m_proxy;
-    }
-
-public slots:
-    void fit()
-    {
-        if (width() > 0 && height() > 0) {
-            m_proxy->setMinimumSize(width(), height());
-            m_proxy->setMaximumSize(width(), height());
-            m_probe->repaint();
-        }
-    }
-
-private:
-    QGraphicsProxyWidget *m_proxy;
-    QPointer<Probe> m_probe;
-};
-/** A view of a scene of 200 x 120 with a probe of 100 x 80 at (20, 10). */
-class Screen
-{
-public:
-    explicit Screen(const QByteArray &inside = "ProbeItem { x: 20; y: 10; width: 100; height: 80 }")
-    {
-        m_dir.file("screen.qml", "import QtQuick 2.0\nimport Probe 1.0\n"
-                                 "Rectangle { width: 200; height: 120; color: 'white'\n" +
-                                     inside + "\n}");
-        view.setResizeMode(QDeclarativeView::SizeRootObjectToView);
-        view.setSource(QUrl::fromLocalFile(m_dir.path("screen.qml")));
-        view.resize(200, 120);
-        view.show();
-        if (!QTest::qWaitForWindowExposed(&view) || !view.errors().isEmpty()) {
-            qFatal("no screen");
-        }
-        item = view.rootObject()->findChild<ProbeItem *>();
-        settle();
-    }
-
-    /** Waits until everything that was to be shown is shown. */
-    void settle()
-    {
-        waitUntil([this] {
-            QCoreApplication::sendPostedEvents();
-            const int before = item ? item->probe()->paints : 0;
-            letTimePass(50);
-            return !item || item->probe()->paints == before;
-        });
-    }
-
-    /** Colour of the device pixel at (@p x, @p y), in logical coordinates. */
-    QColor colorAt(qreal x, qreal y)
-    {
-        const QImage image = view.grabFramebuffer();
-        const qreal ratio = view.devicePixelRatioF();
-        return image.pixelColor(int(x * ratio), int(y * ratio));
-    }
-
-    QDeclarativeView view;
-    QPointer<ProbeItem> item;
-
-private:
-    TestDir m_dir;
-};
-} // namespace
 
 class tst_DeclarativeItem : public QObject
 {
@@ -189,19 +12,38 @@ class tst_DeclarativeItem : public QObject
 
 private slots:
     void initTestCase();
+
     void theWidgetShowsInItsPlace();
+    void theWidgetFollowsTheItemsSize();
+    void anEmptyItemShowsNothing();
+    void theWidgetIsDrawnOnceAndThenOnlyWhenSomethingChanged();
+    void repaintDrawsInsideTheCallAndUpdateLater();
+    void aHiddenItemIsDrawnWhenItIsShown();
+    void theItemsOpacityFadesTheWidgetOnce();
+    void whatCannotBeSeenTakesNoPress();
+    void visibilityReachesTheWidget();
+    void enablingReachesTheWidget();
+    void aParentsStateReachesANewItem();
+    void ownContentsAreDrawnBelowTheChildren();
+    void itemsOfTheScreenAreChildrenAndParents();
+    void theWidgetLooksActiveAndNeverHasTheFocus();
+    void anotherViewCanTakeTheItemOver();
+
+    void viewsTellWhatIsWrongWithTheirSource();
+    void viewsHaveAContextAndSizeTheirRoot();
 };
 
 void tst_DeclarativeItem::initTestCase()
 {
-    qmlRegisterType<ProbeItem>("Probe", 1, 0, "ProbeItem");
+    // The widgets' own looks play no part, but their moments of drawing do.
+    QApplication::setStyle("Fusion");
 }
 
 void tst_DeclarativeItem::theWidgetShowsInItsPlace()
 {
-    Screen screen;
+    const ProbeScreen screen;
 
-    const qreal pixel = 1 / screen.view.devicePixelRatioF();
+    const qreal pixel = screen.pixel();
     QCOMPARE(screen.colorAt(20 - pixel, 10), QColor(Qt::white));
     QCOMPARE(screen.colorAt(20, 10 - pixel), QColor(Qt::white));
     QCOMPARE(screen.colorAt(20, 10), QColor(Qt::red));
@@ -212,6 +54,280 @@ void tst_DeclarativeItem::theWidgetShowsInItsPlace()
     QCOMPARE(screen.colorAt(120 - pixel, 90 - pixel), QColor(Qt::black));
     QCOMPARE(screen.colorAt(120, 90 - pixel), QColor(Qt::white));
     QCOMPARE(screen.colorAt(120 - pixel, 90), QColor(Qt::white));
+}
+
+void tst_DeclarativeItem::theWidgetFollowsTheItemsSize()
+{
+    const ProbeScreen screen;
+
+    screen.item->setWidth(160);
+    screen.item->setHeight(40);
+
+    QCOMPARE(screen.item->probe()->size(), QSize(160, 40));
+    QCOMPARE(screen.item->boundingRect(), QRectF(0, 0, 160, 40));
+    const qreal pixel = screen.pixel();
+    QCOMPARE(screen.colorAt(100 - pixel, 30 - pixel), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(100, 30), QColor(Qt::black));
+    QCOMPARE(screen.colorAt(180 - pixel, 50 - pixel), QColor(Qt::black));
+    QCOMPARE(screen.colorAt(180, 50 - pixel), QColor(Qt::white));
+    QCOMPARE(screen.colorAt(180 - pixel, 50), QColor(Qt::white));
+}
+
+void tst_DeclarativeItem::anEmptyItemShowsNothing()
+{
+    const ProbeScreen screen;
+
+    screen.item->setWidth(0);
+
+    QCOMPARE(screen.colorAt(20, 10), QColor(Qt::white));
+    QCOMPARE(screen.colorAt(70, 50), QColor(Qt::white));
+    screen.item->setWidth(100);
+    QCOMPARE(screen.colorAt(70, 50), QColor(Qt::black));
+}
+
+void tst_DeclarativeItem::theWidgetIsDrawnOnceAndThenOnlyWhenSomethingChanged()
+{
+    const ProbeScreen screen;
+    Probe *probe = screen.item->probe();
+    QCOMPARE(probe->paints(), 1);
+
+    // What the item's own place in the scene changes, and what others change, is no matter of it.
+    screen.item->setX(40);
+    screen.item->setRotation(10);
+    screen.item->setOpacity(0.5);
+    screen.view.rootObject()->setProperty("color", QColor(Qt::yellow));
+    screen.settle();
+    QCOMPARE(probe->paints(), 1);
+
+    probe->update();
+    probe->update(0, 0, 10, 10);
+    screen.settle();
+    QCOMPARE(probe->paints(), 2);
+}
+
+void tst_DeclarativeItem::repaintDrawsInsideTheCallAndUpdateLater()
+{
+    const ProbeScreen screen;
+    Probe *probe = screen.item->probe();
+    QCOMPARE(probe->paints(), 1);
+
+    probe->repaint();
+    QCOMPARE(probe->paints(), 2);
+    screen.settle();
+    QCOMPARE(probe->paints(), 2);
+
+    probe->update();
+    QCOMPARE(probe->paints(), 2);
+    QVERIFY(waitUntil([&] { return probe->paints() == 3; }));
+    screen.settle();
+    QCOMPARE(probe->paints(), 3);
+}
+
+void tst_DeclarativeItem::aHiddenItemIsDrawnWhenItIsShown()
+{
+    const ProbeScreen screen("ProbeItem { width: 100; height: 80; visible: false }");
+    Probe *probe = screen.item->probe();
+    QCOMPARE(probe->paints(), 0);
+
+    probe->repaint();
+    screen.settle();
+    QCOMPARE(probe->paints(), 0);
+
+    screen.item->setVisible(true);
+    QCOMPARE(screen.colorAt(10, 10), QColor(Qt::red));
+    QCOMPARE(probe->paints(), 1);
+}
+
+void tst_DeclarativeItem::theItemsOpacityFadesTheWidgetOnce()
+{
+    const ProbeScreen screen;
+
+    screen.item->setOpacity(0.5);
+
+    const QColor faded = screen.colorAt(70, 50); // black on white
+    QVERIFY2(qAbs(faded.red() - 127) <= 2, qPrintable(faded.name()));
+    QCOMPARE(faded.red(), faded.green());
+}
+
+void tst_DeclarativeItem::whatCannotBeSeenTakesNoPress()
+{
+    const ProbeScreen screen;
+
+    screen.item->setOpacity(0);
+    QTest::mouseClick(screen.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
+    QCOMPARE(screen.item->probe()->take(), QStringList());
+    QCOMPARE(screen.colorAt(30, 20), QColor(Qt::white));
+
+    screen.item->setOpacity(1);
+    QTest::mouseClick(screen.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
+    QCOMPARE(screen.item->probe()->take(), QStringList() << "press 10,10"
+                                                         << "release 10,10");
+    QCOMPARE(screen.colorAt(30, 20), QColor(Qt::red));
+}
+
+void tst_DeclarativeItem::visibilityReachesTheWidget()
+{
+    const ProbeScreen screen;
+
+    screen.item->setVisible(false);
+    QVERIFY(!screen.item->probe()->isVisible());
+    screen.item->setVisible(true);
+    QVERIFY(screen.item->probe()->isVisible());
+
+    screen.view.rootObject()->setVisible(false);
+    QVERIFY(!screen.item->probe()->isVisible());
+    screen.view.rootObject()->setVisible(true);
+    QVERIFY(screen.item->probe()->isVisible());
+    QCOMPARE(screen.colorAt(30, 20), QColor(Qt::red));
+}
+
+void tst_DeclarativeItem::enablingReachesTheWidget()
+{
+    const ProbeScreen screen;
+
+    screen.item->setEnabled(false);
+    QVERIFY(!screen.item->probe()->isEnabled());
+    screen.item->setEnabled(true);
+    QVERIFY(screen.item->probe()->isEnabled());
+
+    screen.view.rootObject()->setEnabled(false);
+    QVERIFY(!screen.item->probe()->isEnabled());
+    screen.view.rootObject()->setEnabled(true);
+    QVERIFY(screen.item->probe()->isEnabled());
+}
+
+void tst_DeclarativeItem::aParentsStateReachesANewItem()
+{
+    QDeclarativeItem parent;
+    parent.setVisible(false);
+    parent.setEnabled(false);
+
+    const ProbeItem item(&parent);
+
+    QCOMPARE(item.parentItem(), &parent);
+    QCOMPARE(item.parent(), &parent);
+    const QGraphicsItem &graphics = item;
+    QVERIFY(!graphics.isVisible());
+    QVERIFY(!graphics.isEnabled());
+    parent.setVisible(true);
+    parent.setEnabled(true);
+    QVERIFY(graphics.isVisible());
+    QVERIFY(graphics.isEnabled());
+}
+
+namespace {
+/** An item that draws itself. */
+class PaintedItem : public QDeclarativeItem
+{
+public:
+    PaintedItem()
+    {
+        setFlag(QGraphicsItem::ItemHasNoContents, false);
+    }
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *) override
+    {
+        painter->fillRect(boundingRect(), Qt::cyan);
+    }
+};
+} // namespace
+
+void tst_DeclarativeItem::ownContentsAreDrawnBelowTheChildren()
+{
+    const ProbeScreen screen;
+    PaintedItem item;
+    item.setSize(QSizeF(60, 40));
+    QGraphicsProxyWidget *proxy = new QGraphicsProxyWidget(&item);
+    proxy->setWidget(new Probe);
+    proxy->setGeometry(QRectF(30, 0, 30, 40));
+    item.setParentItem(screen.view.rootObject());
+
+    QCOMPARE(screen.colorAt(0, 0), QColor(Qt::cyan));
+    QCOMPARE(screen.colorAt(29, 39), QColor(Qt::cyan));
+    QCOMPARE(screen.colorAt(30, 0), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(59, 39), QColor(Qt::black));
+
+    item.setFlag(QGraphicsItem::ItemHasNoContents);
+    screen.settle();
+    QCOMPARE(screen.colorAt(0, 0), QColor(Qt::white));
+}
+
+void tst_DeclarativeItem::itemsOfTheScreenAreChildrenAndParents()
+{
+    const ProbeScreen screen("Item { objectName: 'outer'; x: 20\n"
+                             "  ProbeItem { width: 100; height: 80\n"
+                             "    Rectangle { width: parent.width / 4; height: 8; color: 'cyan' }\n"
+                             "  }\n"
+                             "}");
+
+    QCOMPARE(screen.item->parentItem()->objectName(), QString("outer"));
+    QCOMPARE(screen.item->QQuickItem::childItems().count(), 1);
+    QCOMPARE(screen.colorAt(20, 0), QColor(Qt::cyan));
+    QCOMPARE(screen.colorAt(44, 7), QColor(Qt::cyan));
+    QCOMPARE(screen.colorAt(45, 7), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(44, 8), QColor(Qt::red));
+}
+
+void tst_DeclarativeItem::theWidgetLooksActiveAndNeverHasTheFocus()
+{
+    const ProbeScreen screen;
+    QVERIFY(screen.item->probe()->isActiveWindow());
+    screen.item->probe()->setFocusPolicy(Qt::StrongFocus);
+
+    QTest::mouseClick(screen.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
+    QVERIFY(!screen.item->proxy()->hasFocus());
+    screen.item->proxy()->setFocus();
+    QVERIFY(!screen.item->proxy()->hasFocus());
+    screen.item->probe()->setFocus();
+    QVERIFY(!screen.item->proxy()->hasFocus());
+
+    QVERIFY(!screen.item->scene()->focusItem());
+    QVERIFY(screen.item->probe()->isActiveWindow());
+}
+
+void tst_DeclarativeItem::anotherViewCanTakeTheItemOver()
+{
+    const ProbeScreen from;
+    const ProbeScreen to("Item {}");
+
+    from.item->setParentItem(to.view.rootObject());
+
+    QCOMPARE(from.colorAt(30, 20), QColor(Qt::white));
+    QCOMPARE(to.colorAt(30, 20), QColor(Qt::red));
+    QTest::mouseClick(to.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
+    QCOMPARE(from.item->probe()->take(), QStringList() << "press 10,10"
+                                                       << "release 10,10");
+}
+
+void tst_DeclarativeItem::viewsTellWhatIsWrongWithTheirSource()
+{
+    TestDir dir;
+    dir.file("wrong.qml", "import QtQuick 2.0\nItem {\n  width: 1 +\n}");
+    QDeclarativeView view(QUrl::fromLocalFile(dir.path("wrong.qml")));
+
+    QCOMPARE(view.status(), QDeclarativeView::Error);
+    QVERIFY(!view.rootObject());
+    const QList<QDeclarativeError> errors = view.errors();
+    QCOMPARE(errors.count(), 1);
+    QCOMPARE(errors.first().line(), 4);
+}
+
+void tst_DeclarativeItem::viewsHaveAContextAndSizeTheirRoot()
+{
+    TestDir dir;
+    dir.file("screen.qml", "import QtQuick 2.0\nItem { property int answer: given * 2 }");
+    QDeclarativeView view;
+    view.setResizeMode(QDeclarativeView::SizeRootObjectToView);
+    view.resize(70, 50);
+    view.rootContext()->setContextProperty("given", 21);
+    view.setSource(QUrl::fromLocalFile(dir.path("screen.qml")));
+
+    QCOMPARE(view.status(), QDeclarativeView::Ready);
+    QVERIFY(view.engine());
+    QCOMPARE(view.rootObject()->property("answer").toInt(), 42);
+    QCOMPARE(view.rootObject()->property("width").toInt(), 70);
+    QCOMPARE(view.rootObject()->property("height").toInt(), 50);
+    QCOMPARE(view.viewport(), &view);
 }
 
 QTEST_MAIN(tst_DeclarativeItem)
