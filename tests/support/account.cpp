@@ -1,5 +1,8 @@
 #include "support/account.h"
 
+#include <QDir>
+#include <QFile>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -21,13 +24,13 @@ void check(bool done, const char *what)
 }
 } // namespace
 
-AccountDatabase::AccountDatabase(const QByteArray &contents)
-    : m_file("/tmp/filebrowser-passwd-XXXXXX")
+AccountDatabase::AccountDatabase(const QByteArray &contents, mode_t mode)
+    : m_file(QFile::encodeName(QDir::tempPath() + QLatin1String("/accounts-XXXXXX")))
 {
     const int fd = mkstemp(m_file.data());
     check(fd != -1 && write(fd, contents.constData(), contents.size()) == contents.size(),
           "write an account database");
-    fchmod(fd, 0644);
+    fchmod(fd, mode);
     close(fd);
     check(mount(m_file.constData(), passwd, nullptr, MS_BIND, nullptr) == 0,
           "put an account database in place");

@@ -19,8 +19,8 @@ const uid_t strangerUid = 4712;
 class AccountDatabase
 {
 public:
-    /** A database with these lines, in the format of passwd(5). */
-    explicit AccountDatabase(const QByteArray &contents);
+    /** A database with these lines, in the format of passwd(5); only root gets around @p mode. */
+    explicit AccountDatabase(const QByteArray &contents, mode_t mode = 0644);
     ~AccountDatabase();
 
 private:
