@@ -128,7 +128,7 @@ bool Directory::showsNamesOf(const QVector<FolderEntry> &entries) const
     if (entries.size() != m_files.size())
         return false;
     for (int i = 0; i < entries.size(); ++i) {
-        if (entries.at(i).name != m_files.at(i)->name())
+        if (!m_files.at(i)->isNamed(entries.at(i).name))
             return false;
     }
     return true;
@@ -239,7 +239,7 @@ int Directory::getIndex(QString filename)
 {
     QMutexLocker locker(&m_mutex);
     for (int i = 0; i < m_files.size(); ++i) {
-        if (m_files.at(i)->name() == filename)
+        if (m_files.at(i)->isNamed(filename))
             return i;
     }
     return -1;

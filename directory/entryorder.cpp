@@ -3,16 +3,21 @@
 #include "directory/modificationdates.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QtAlgorithms>
 
 namespace {
-/** One entry while it is sorted. Plain data: sorting moves it about a dozen times. */
+/**
+ * One entry while it is sorted. Plain data, because sorting moves it about a dozen times, and all
+ * that nearly every comparison needs in itself, because looking it up costs more than comparing.
+ */
 struct SortItem
 {
-    const FolderEntry *entry;
-    const QString *name; ///< as compared
     quint64 key;         ///< decides, smallest first, unless it is equal
+    const QString *name; ///< as compared
+    int index;           ///< of the entry
+    int group;           ///< of folders or files, the smaller comes first whatever the key
 };
 
 quint64 largestFirst(qint64 number)
@@ -60,15 +65,22 @@ int commonLength(const QVector<SortItem> &items)
     return length;
 }
 
-void setKeys(QVector<SortItem> *items, QDir::SortFlags flags)
+int groupOf(const FolderEntry &entry, QDir::SortFlags flags)
+{
+    if (flags & QDir::DirsFirst)
+        return entry.isDir ? 0 : 1;
+    return (flags & QDir::DirsLast) && entry.isDir ? 1 : 0;
+}
+
+void setKeys(QVector<SortItem> *items, const QVector<FolderEntry> &entries, QDir::SortFlags flags)
 {
     const int order = flags & QDir::SortByMask;
     const int start = order == QDir::Name ? commonLength(*items) : 0;
     for (SortItem &item : *items) {
         if (order == QDir::Time)
-            item.key = timeKey(*item.entry);
+            item.key = timeKey(entries.at(item.index));
         else if (order == QDir::Size)
-            item.key = largestFirst(item.entry->size);
+            item.key = largestFirst(entries.at(item.index).size);
         else
             item.key = nameKey(*item.name, start);
     }
@@ -77,28 +89,24 @@ void setKeys(QVector<SortItem> *items, QDir::SortFlags flags)
 class LessThan
 {
 public:
-    explicit LessThan(QDir::SortFlags flags)
-        : m_flags(flags)
+    explicit LessThan(bool reversed)
+        : m_reversed(reversed)
     {
     }
 
     bool operator()(const SortItem &left, const SortItem &right) const
     {
-        if (left.entry->isDir != right.entry->isDir) {
-            if (m_flags & QDir::DirsFirst)
-                return left.entry->isDir;
-            if (m_flags & QDir::DirsLast)
-                return right.entry->isDir;
-        }
-        const qint64 order = compare(left, right);
-        return m_flags & QDir::Reversed ? order > 0 : order < 0;
+        if (left.group != right.group)
+            return left.group < right.group;
+        if (left.key != right.key)
+            return (left.key < right.key) != m_reversed;
+        const qint64 order = compareNames(left, right);
+        return m_reversed ? order > 0 : order < 0;
     }
 
 private:
-    qint64 compare(const SortItem &left, const SortItem &right) const
+    static qint64 compareNames(const SortItem &left, const SortItem &right)
     {
-        if (left.key != right.key)
-            return left.key < right.key ? -1 : 1;
         const int order = left.name->compare(*right.name);
 #if QT_VERSION < 0x050000
         // Names that differ in case only: QDir of Qt 4.8 takes the places that they have while it
@@ -109,7 +117,7 @@ private:
         return order;
     }
 
-    const QDir::SortFlags m_flags;
+    const bool m_reversed;
 };
 
 QVector<QString> lowerCaseNames(const QVector<FolderEntry> &entries)
@@ -133,21 +141,22 @@ void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
     items.reserve(entries->size());
     for (int i = 0; i < entries->size(); ++i) {
         const FolderEntry &entry = entries->at(i);
-        const SortItem item = {&entry, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), 0};
+        const SortItem item = {0, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), i,
+                               groupOf(entry, flags)};
         items.append(item);
     }
-    setKeys(&items, flags);
+    setKeys(&items, *entries, flags);
 
     // Neither Qt sorts stably, so that the same order of ties takes the same algorithm.
+    const LessThan lessThan(flags & QDir::Reversed);
 #if QT_VERSION < 0x050000
-    qSort(items.begin(), items.end(), LessThan(flags));
+    qSort(items.begin(), items.end(), lessThan);
 #else
-    std::sort(items.begin(), items.end(), LessThan(flags));
+    std::sort(items.begin(), items.end(), lessThan);
 #endif
 
-    QVector<FolderEntry> sorted;
-    sorted.reserve(items.size());
-    for (const SortItem &item : items)
-        sorted.append(*item.entry);
-    *entries = sorted;
+    QVector<FolderEntry> sorted(items.size());
+    for (int i = 0; i < items.size(); ++i)
+        sorted[i] = std::move((*entries)[items.at(i).index]);
+    entries->swap(sorted);
 }

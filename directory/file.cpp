@@ -19,6 +19,11 @@ QString File::name() const
     return m_name;
 }
 
+bool File::isNamed(const QString &name) const
+{
+    return m_name == name;
+}
+
 void File::setName(const QString &name)
 {
     if (name == m_name)

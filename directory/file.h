@@ -28,6 +28,10 @@ public:
 
     /** Name of the file or folder, without a path. */
     QString name() const;
+
+    /** Whether name() is @p name. Looks without taking a copy, which a long list notices. */
+    bool isNamed(const QString &name) const;
+
     void setName(const QString &name);
 
     /** Modification date as it is to be shown. */

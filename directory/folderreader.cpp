@@ -82,13 +82,14 @@ QVector<FolderEntry> readFolder(const QString &path)
         return entries;
 
     const int descriptor = dirfd(folder.get());
-    FolderEntry entry;
     while (const dirent *next = readdir(folder.get())) {
         if (next->d_name[0] == '.')
             continue;
+        entries.resize(entries.size() + 1); // filled in place, a copy would be counted in and out
+        FolderEntry &entry = entries.last();
         entry.name = decodedName(next->d_name);
-        if (!entry.name.isNull() && lookAt(descriptor, *next, &entry))
-            entries.append(entry);
+        if (entry.name.isNull() || !lookAt(descriptor, *next, &entry))
+            entries.resize(entries.size() - 1);
     }
     return entries;
 }
