@@ -4,7 +4,6 @@
 #include <QGraphicsItem>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
-#include <QHoverEvent>
 #include <QQuickWidget>
 #include <QStyleHints>
 #include <QWheelEvent>
@@ -103,17 +102,19 @@ void PointerBridge::wheel(QWheelEvent *event)
     event->setAccepted(sceneEvent.isAccepted());
 }
 
-void PointerBridge::hover(QHoverEvent *event, const QPoint &screenPosition)
+void PointerBridge::hover(const QPointF &position, const QPoint &screenPosition)
 {
-    const QMouseEvent move(QEvent::MouseMove, event->posF(), event->posF(), screenPosition,
-                           Qt::NoButton, Qt::NoButton, event->modifiers());
-    event->setAccepted(send(QEvent::GraphicsSceneMouseMove, move));
+    if (!m_buttons) {
+        const QMouseEvent move(QEvent::MouseMove, position, position, screenPosition, Qt::NoButton,
+                               Qt::NoButton, Qt::NoModifier);
+        send(QEvent::GraphicsSceneMouseMove, move);
+    }
 }
 
 void PointerBridge::leave()
 {
-    QEvent event(QEvent::Leave);
-    QCoreApplication::sendEvent(m_scene, &event);
+    // A leave event would do, but a scene without views crashes on it.
+    hover(outOfReach, outOfReach.toPoint());
 }
 
 bool PointerBridge::eventFilter(QObject *watched, QEvent *event)
@@ -132,17 +133,21 @@ bool PointerBridge::eventFilter(QObject *watched, QEvent *event)
 
 bool PointerBridge::beginsDoubleClick(const QMouseEvent &press)
 {
-    const bool isTouch = press.source() == Qt::MouseEventSynthesizedByQt;
-    const bool begins = isTouch ? isSecondTap(press)
-                                : m_viewTakesDoubleClick ||
-                                      press.flags().testFlag(Qt::MouseEventCreatedDoubleClick);
+    const bool isAnnounced =
+        m_viewTakesDoubleClick || press.flags().testFlag(Qt::MouseEventCreatedDoubleClick);
+    if (!isSecondTap(press) && !isAnnounced) {
+        return false;
+    }
     const QGraphicsItem *target = m_scene->itemAt(press.localPos(), QTransform());
-    return begins && target && target->parentItem();
+    return target && target->parentItem();
 }
 
 /** The rule by which Qt Quick makes a double click of two touches. */
 bool PointerBridge::isSecondTap(const QMouseEvent &press)
 {
+    if (press.source() != Qt::MouseEventSynthesizedByQt) {
+        return false;
+    }
     const QStyleHints *hints = QGuiApplication::styleHints();
     const QPoint way = press.globalPos() - m_tapPosition;
     const bool isSecond = m_tapTime && qAbs(way.x()) <= hints->touchDoubleTapDistance() &&

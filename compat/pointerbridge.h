@@ -38,7 +38,11 @@ public:
     void cancel();
 
     void wheel(QWheelEvent *event);
-    void hover(QHoverEvent *event, const QPoint &screenPosition);
+
+    /** The mouse is over the item without a button down. */
+    void hover(const QPointF &position, const QPoint &screenPosition);
+
+    /** The mouse is over the item no longer. */
     void leave();
 
     /** Notes whether the view around the scene, @p watched, takes a click or a double click. */

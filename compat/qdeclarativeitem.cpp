@@ -162,7 +162,7 @@ void QDeclarativeItem::hoverEnterEvent(QHoverEvent *event)
 
 void QDeclarativeItem::hoverMoveEvent(QHoverEvent *event)
 {
-    m_pointer->hover(event, mapToGlobal(event->posF()).toPoint());
+    m_pointer->hover(event->posF(), mapToGlobal(event->posF()).toPoint());
 }
 
 void QDeclarativeItem::hoverLeaveEvent(QHoverEvent *)

@@ -3,11 +3,14 @@
 QDeclarativeView::QDeclarativeView(QWidget *parent)
     : QQuickWidget(parent)
 {
+    // As touches, of which Qt Quick follows one finger, and not as a mouse for each.
+    setAttribute(Qt::WA_AcceptTouchEvents);
 }
 
 QDeclarativeView::QDeclarativeView(const QUrl &source, QWidget *parent)
-    : QQuickWidget(source, parent)
+    : QDeclarativeView(parent)
 {
+    setSource(source);
 }
 
 QWidget *QDeclarativeView::viewport()

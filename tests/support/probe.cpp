@@ -20,9 +20,9 @@ Probe::~Probe()
     --probes;
 }
 
-QStringList Probe::take()
+QString Probe::take()
 {
-    const QStringList taken = m_events;
+    const QString taken = m_events.join("; ");
     m_events.clear();
     return taken;
 }
@@ -73,13 +73,15 @@ void Probe::wheelEvent(QWheelEvent *event)
 {
     const QPoint angle = event->angleDelta();
     note("wheel", event->position().toPoint());
-    m_events.append(QString("turned %1,%2").arg(angle.x()).arg(angle.y()));
+    m_events.last() += QString(" by %1,%2").arg(angle.x()).arg(angle.y());
     event->accept();
 }
 
 void Probe::leaveEvent(QEvent *)
 {
-    m_events.append("leave");
+    if (hasMouseTracking()) {
+        m_events.append("leave");
+    }
 }
 
 void Probe::note(const char *what, const QPoint &position)

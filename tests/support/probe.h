@@ -17,8 +17,9 @@ public:
     Probe();
     ~Probe() override;
 
-    /** Mouse events so far, as "press 10,20" and the like, and starts again from nothing. */
-    QStringList take();
+    /** Mouse events so far, as "press 10,20; release 10,20" and the like, and starts again from
+     * nothing. Without a button only where the mouse is tracked. */
+    QString take();
 
     /** How often it has been asked to draw itself. */
     int paints() const

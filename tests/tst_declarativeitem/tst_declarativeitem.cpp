@@ -155,13 +155,12 @@ void tst_DeclarativeItem::whatCannotBeSeenTakesNoPress()
 
     screen.item->setOpacity(0);
     QTest::mouseClick(screen.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
-    QCOMPARE(screen.item->probe()->take(), QStringList());
+    QCOMPARE(screen.item->probe()->take(), QString());
     QCOMPARE(screen.colorAt(30, 20), QColor(Qt::white));
 
     screen.item->setOpacity(1);
     QTest::mouseClick(screen.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
-    QCOMPARE(screen.item->probe()->take(), QStringList() << "press 10,10"
-                                                         << "release 10,10");
+    QCOMPARE(screen.item->probe()->take(), QString("press 10,10; release 10,10"));
     QCOMPARE(screen.colorAt(30, 20), QColor(Qt::red));
 }
 
@@ -295,8 +294,7 @@ void tst_DeclarativeItem::anotherViewCanTakeTheItemOver()
     QCOMPARE(from.colorAt(30, 20), QColor(Qt::white));
     QCOMPARE(to.colorAt(30, 20), QColor(Qt::red));
     QTest::mouseClick(to.view.quickWindow(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 20));
-    QCOMPARE(from.item->probe()->take(), QStringList() << "press 10,10"
-                                                       << "release 10,10");
+    QCOMPARE(from.item->probe()->take(), QString("press 10,10; release 10,10"));
 }
 
 void tst_DeclarativeItem::viewsTellWhatIsWrongWithTheirSource()
