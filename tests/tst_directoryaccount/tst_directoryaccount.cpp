@@ -160,6 +160,7 @@ private slots:
     void whatIsMadeBelongsToTheAccountAndTheProcessesGroup();
     void theRightsAreTheAccounts();
     void theMutexIsFreeOnlyWhenTheIdIsSetBack();
+    void theMutexIsTakenBeforeTheSwitch_data();
     void theMutexIsTakenBeforeTheSwitch();
 
 private:
@@ -340,14 +341,20 @@ void tst_DirectoryAccount::theMutexIsFreeOnlyWhenTheIdIsSetBack()
     QCOMPARE(idWhenFree, uid_t(0));
 }
 
+void tst_DirectoryAccount::theMutexIsTakenBeforeTheSwitch_data()
+{
+    addOperations();
+}
+
 // Listing and switching would meet otherwise, and the listing run with the account's rights.
 void tst_DirectoryAccount::theMutexIsTakenBeforeTheSwitch()
 {
+    QFETCH(Operation, operation);
     QScopedPointer<Background> other;
     bool doneMeanwhile = true;
     uid_t idMeanwhile = ostanUid;
     const Reaction underTheMutex(m_directory, SIGNAL(filesChanged()), [&] {
-        other.reset(new Background([&] { m_directory->newDirectory("folder"); }));
+        other.reset(new Background([&] { operation(m_directory); }));
         doneMeanwhile = other->wait(whileMs);
         idMeanwhile = geteuid();
     });
