@@ -128,6 +128,32 @@ ostan:x:4711:4711:Instrument:/home/ostan:/bin/sh
 Stick A"
 }
 
+# The options depend on the kernel and on who runs the test.
+table='grep ^/dev/sd /proc/mounts | cut -d " " -f 1-3'
+
+# A disk of the machine's own, as /dev/sda1 in a folder of an instrument that plays the machine.
+own_disk='cd /var/tmp && truncate -s 8M image && /sbin/mkfs.ext4 -q image &&
+    disk=$(/sbin/losetup --find --show image) && numbers=$(stat -c "%Hr %Lr" "$disk") &&
+    mount -t tmpfs dev /dev && mknod /dev/sda1 b $numbers && mkdir "/home/own disk" &&
+    mount /dev/sda1 "/home/own disk" && umount -l /dev && /sbin/losetup --detach "$disk" &&
+    echo before >"/home/own disk/file" && cd /'
+
+the_machines_own_disk_is_no_stick() {
+    if [ "$(awk '{ print $3 }' /proc/self/uid_map)" != 4294967295 ]; then
+        echo "SKIP   : $case: disks are for the machine's own root"
+        return
+    fi
+    same "what an instrument sees of it" "$(inside "$own_disk
+        instrument sh -c '$table; cd \"/home/own disk\" && cat file && echo after >file && stick plug A && $table'
+        cat '/home/own disk/file'; $table")" "before
+/dev/sda1 /media/Stick\\040A tmpfs
+after
+/dev/sda1 /home/own\\040disk ext4"
+    has "what somebody else is told" "$(inside "$own_disk
+        unshare --map-root-user instrument true; echo \$?")" "use sudo
+125"
+}
+
 # --- the command ---
 
 the_result_is_the_commands() {
@@ -200,9 +226,6 @@ logs/soil/"
 }
 
 # --- sticks ---
-
-# The options depend on the kernel and on who runs the test.
-table='grep ^/dev/sd /proc/mounts | cut -d " " -f 1-3'
 
 sticks_are_lines_of_the_mount_table() {
     same "where they are told to be" "$(inside "
