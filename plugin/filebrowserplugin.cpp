@@ -3,6 +3,7 @@
 #include "directory/directory.h"
 #include "directory/file.h"
 #include "directory/path.h"
+#include "tree/filetreevieweritem.h"
 #include "usb/usb.h"
 
 #include <qdeclarative.h>
@@ -24,6 +25,7 @@ void FileBrowserPlugin::registerTypes(const char *uri)
     registerType<File>(uri, "File");
     registerType<Path>(uri, "Path");
     registerType<USB>(uri, "USB");
+    registerType<FileTreeViewerItem>(uri, "FileTreeViewerItem");
 }
 
 Q_EXPORT_PLUGIN2(filebrowser, FileBrowserPlugin)
