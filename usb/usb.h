@@ -47,8 +47,7 @@ class USB : public QObject
     Q_OBJECT
     /** Mount point of stick A; empty when a scan found none. */
     Q_PROPERTY(QString usbAPath READ usbAPath WRITE setUsbAPath NOTIFY usbAPathChanged)
-    /** Free space of stick A for display, with one decimal: "3.7 GB". Empty before the first scan.
-     */
+    /** Free space of stick A for display, as in "3.7 GB"; empty before the first scan. */
     Q_PROPERTY(
         QString usbAFreeSpace READ usbAFreeSpace WRITE setUsbAFreeSpace NOTIFY usbAFreeSpaceChanged)
     /** Free space of stick A in KB (1024 bytes) that a user without special rights may fill. */
