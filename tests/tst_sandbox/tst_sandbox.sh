@@ -316,7 +316,7 @@ B  /media/Stick B  (1.0M, 1.0M free)"
     same again "$(remotely plug B 2>&1)" "stick: stick B is plugged in already"
     remotely busy B
     holder=$(within cat /var/tmp/.busy-stick-B)
-    same "who keeps it busy" "$(cat "/proc/$holder/comm")" tail
+    eventually grep -qx tail "/proc/$holder/comm" || fail "who keeps it busy"
     case $("$sandbox/stick" list 2>&1) in
     "A  not plugged in
 "* | *"several instruments are running"*"$that"*) ;;
