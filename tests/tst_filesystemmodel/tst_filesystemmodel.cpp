@@ -460,8 +460,8 @@ void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded_data()
     QTest::addColumn<bool>("preloaded");
     QTest::newRow("home") << "/home/ostan/logs" << true << true;
     QTest::newRow("no check boxes") << "/home/ostan/logs" << false << false;
-    QTest::newRow("elsewhere") << "/tmp/somewhere/logs" << true << false;
-    QTest::newRow("any case, anywhere in the path") << "/tmp/KOSTANZE/logs" << true << true;
+    QTest::newRow("elsewhere") << "/var/tmp/somewhere/logs" << true << false;
+    QTest::newRow("any case, anywhere in the path") << "/var/tmp/KOSTANZE/logs" << true << true;
 }
 
 void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded()

@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cerrno>
 
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -156,7 +157,9 @@ void tst_FolderReader::specialFilesAndBrokenLinksAreLeftOut()
     dir.file("file");
     QVERIFY(mkfifo((path + "/pipe").constData(), 0600) == 0);
     makeSocket(dir.path("socket"));
-    QVERIFY(mknod((path + "/device").constData(), S_IFCHR | 0600, makedev(1, 3)) == 0);
+    // The root of a user namespace may not make devices.
+    QVERIFY(mknod((path + "/device").constData(), S_IFCHR | 0600, makedev(1, 3)) == 0 ||
+            errno == EPERM);
     QVERIFY(symlink("nowhere", (path + "/broken").constData()) == 0);
     QVERIFY(symlink("loop", (path + "/loop").constData()) == 0);
 
