@@ -32,7 +32,7 @@ AccountDatabase::AccountDatabase(const QByteArray &contents, mode_t mode)
           "write an account database");
     fchmod(fd, mode);
     close(fd);
-    check(mount(m_file.constData(), passwd, nullptr, MS_BIND, nullptr) == 0,
+    check(mount(m_file.constData(), passwd, "none", MS_BIND, nullptr) == 0,
           "put an account database in place");
 }
 

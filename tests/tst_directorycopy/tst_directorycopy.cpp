@@ -85,6 +85,7 @@ private slots:
     void aGigabyteIsCopied();
 
     void anExistingFileIsLeftUntouched();
+    void aFolderInTheWayIsLeftUntouched();
     void severalFailuresAreNamedInTheOrderOfPaths();
     void theSecondOfTwoEqualNamesFails();
     void aFileIsNotCopiedOntoItself();
@@ -371,6 +372,17 @@ void tst_DirectoryCopy::anExistingFileIsLeftUntouched()
     const QStringList after = treeOf(m_stick->mountPoint());
     QCOMPARE(after.size(), 3);
     QCOMPARE(after.at(1), before.at(0));
+}
+
+void tst_DirectoryCopy::aFolderInTheWayIsLeftUntouched()
+{
+    m_folder->file("soil");
+    list();
+    select("soil");
+    QVERIFY(QDir().mkdir(m_stick->path("soil")));
+    const QStringList before = treeOf(m_stick->mountPoint());
+    QCOMPARE(m_directory->copySelectedTo(m_stick->mountPoint()), QString("soil"));
+    QCOMPARE(treeOf(m_stick->mountPoint()), before);
 }
 
 void tst_DirectoryCopy::severalFailuresAreNamedInTheOrderOfPaths()
