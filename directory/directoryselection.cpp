@@ -64,8 +64,9 @@ void Directory::clearAll()
 void Directory::updateSelectedFiles()
 {
     QMutexLocker locker(&m_mutex);
+    const bool any = !m_selection.isEmpty(); // after clearing there is no path worth composing
     for (File *file : m_files)
-        file->setIsSelected(m_selection.contains(selectionKey(file)));
+        file->setIsSelected(any && m_selection.contains(selectionKey(file)));
 }
 
 void Directory::updateSelectedFilesKB()
