@@ -1,0 +1,191 @@
+#include "host/tour.h"
+
+#include "host/shownitems.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QProcess>
+#include <QVariant>
+
+#include <functional>
+
+namespace {
+const int deadlineMs = 20000; // only a step that fails waits so long
+const int frameMs = 20;
+const int drawingMs = 300; // for what changes with time: caret, flick, file-system watcher
+
+bool waitUntil(const std::function<bool()> &condition, int ms)
+{
+    QElapsedTimer time;
+    time.start();
+    while (!condition()) {
+        if (time.elapsed() > ms) {
+            return false;
+        }
+        QApplication::processEvents(QEventLoop::AllEvents, frameMs);
+    }
+    return true;
+}
+
+bool isNever()
+{
+    return false;
+}
+} // namespace
+
+struct Tour::Step
+{
+    enum Kind { See, Gone, Tap, Type, Run, Picture };
+
+    Kind kind;
+    const char *subject; ///< objectName, characters to type, command or name of the picture
+    const char *text;    ///< what the item's text begins with
+};
+
+// A typical request: two logs to a stick, and everything that can be asked for on the way.
+const Tour::Step Tour::steps[] = {
+    {Step::See, "row:week_until_2013-06-14.bin", nullptr},
+    {Step::Picture, "logs", nullptr},
+    {Step::Tap, "heading:Name", nullptr},
+    {Step::See, "row:\"quick\" check.txt", nullptr},
+    {Step::Picture, "sorted-by-name", nullptr},
+    {Step::Tap, "heading:Date", nullptr},
+    {Step::Tap, "row:soil", nullptr},
+    {Step::See, "crumb:soil", nullptr},
+    {Step::Picture, "folder-opened", nullptr},
+    {Step::Tap, "crumb:logs", nullptr},
+    {Step::Tap, "mark:run_2013-06-14_evening.csv", nullptr},
+    {Step::Tap, "mark:run_2013-06-14_morning.csv", nullptr},
+    {Step::See, "summary", "2 selected"},
+    {Step::Picture, "two-selected", nullptr},
+    {Step::Run, "stick plug A 64M", nullptr},
+    {Step::See, "copy:A", nullptr},
+    {Step::Picture, "stick-found", nullptr},
+    {Step::Tap, "copy:A", nullptr},
+    {Step::See, "noticeText", "2 entries copied"},
+    {Step::See, "summary", "Nothing selected"},
+    {Step::Picture, "copied", nullptr},
+    {Step::Tap, "noticeOk", nullptr},
+    {Step::Tap, "mark:run_2013-06-14_morning.csv", nullptr},
+    {Step::Tap, "mark:soil", nullptr},
+    {Step::Tap, "copy:A", nullptr},
+    {Step::See, "noticeText", "Not copied"},
+    {Step::Picture, "not-copied", nullptr},
+    {Step::Tap, "noticeOk", nullptr},
+    {Step::Run, "stick busy A", nullptr},
+    {Step::Tap, "eject:A", nullptr},
+    {Step::See, "stickState", "Wait"},
+    {Step::Picture, "eject-wait", nullptr},
+    {Step::See, "stickState", "Still in use"},
+    {Step::Picture, "eject-still-in-use", nullptr},
+    {Step::Run, "stick release A", nullptr},
+    {Step::Tap, "eject:A", nullptr},
+    {Step::See, "stickState", "Safe to remove"},
+    {Step::Picture, "eject-safe", nullptr},
+    {Step::Tap, "tab:Configs", nullptr},
+    {Step::Tap, "button:New folder", nullptr},
+    {Step::Type, "spring 2014", nullptr},
+    {Step::Picture, "name-typed", nullptr},
+    {Step::Tap, "nameOk", nullptr},
+    {Step::Tap, "mark:spring 2014", nullptr},
+    {Step::Tap, "button:Delete", nullptr},
+    {Step::See, "question", "Delete \"spring 2014\"?"},
+    {Step::Picture, "delete-question", nullptr},
+    {Step::Tap, "answer:yes", nullptr},
+    {Step::Gone, "row:spring 2014", nullptr},
+    {Step::Tap, "tab:Programs", nullptr},
+    {Step::Picture, "programs", nullptr},
+};
+
+Tour::Tour(Viewer &viewer, const QString &folder)
+    : m_viewer(viewer)
+    , m_finger(viewer)
+    , m_folder(folder)
+    , m_pictures(0)
+{
+}
+
+QString Tour::walk()
+{
+    for (const Step &step : steps) {
+        const QString problem = take(step);
+        if (!problem.isEmpty()) {
+            picture("failed");
+            return problem;
+        }
+    }
+    return QString();
+}
+
+QString Tour::take(const Step &step)
+{
+    const QString subject = QString::fromUtf8(step.subject);
+    switch (step.kind) {
+    case Step::See:
+        return see(subject, step.text);
+    case Step::Gone:
+        return waitUntil([&] { return !shownItem(m_viewer, subject).object; }, deadlineMs)
+                   ? QString()
+                   : subject + " is still there";
+    case Step::Tap:
+        return tap(subject);
+    case Step::Type:
+        for (const QChar character : subject) {
+            const QString problem = tap(QString("key:") + character);
+            if (!problem.isEmpty()) {
+                return problem;
+            }
+        }
+        return QString();
+    case Step::Run:
+        return QProcess::execute("sh", QStringList() << "-c" << subject) == 0 ? QString()
+                                                                              : subject + " failed";
+    case Step::Picture:
+        return picture(subject);
+    }
+    return QString();
+}
+
+QString Tour::see(const QString &name, const QString &text)
+{
+    const bool isSeen = waitUntil(
+        [&] {
+            const QList<ShownItem> items = shownItems(m_viewer, name);
+            for (const ShownItem &item : items) {
+                if (item.object->property("text").toString().startsWith(text)) {
+                    return true;
+                }
+            }
+            return false;
+        },
+        deadlineMs);
+    return isSeen ? QString() : "there is no " + name + " " + text;
+}
+
+QString Tour::tap(const QString &name)
+{
+    QRectF place;
+    const QRectF screen = m_viewer.rect();
+    const bool isInReach = waitUntil(
+        [&] {
+            const ShownItem item = shownItem(m_viewer, name);
+            place = item.place;
+            return item.object && item.object->property("enabled").toBool() &&
+                   screen.contains(place.center());
+        },
+        deadlineMs);
+    if (!isInReach) {
+        return "nothing to touch at " + name;
+    }
+    m_finger.tap(place.center().toPoint());
+    return QString();
+}
+
+QString Tour::picture(const QString &name)
+{
+    waitUntil(isNever, drawingMs);
+    const QString file =
+        QString("%1/%2-%3.png").arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+    return m_viewer.picture().save(file) ? QString() : "can't write " + file;
+}

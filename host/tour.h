@@ -1,0 +1,43 @@
+#ifndef TOUR_H
+#define TOUR_H
+
+#include "host/finger.h"
+#include "host/viewer.h"
+
+#include <QString>
+
+/**
+ * Walks through a typical request as a user would, with a finger on the screen, and takes a picture
+ * of every step. Needs the sample data and the command "stick" of the private instrument.
+ */
+class Tour
+{
+public:
+    /** @p folder takes the pictures and has to exist. */
+    Tour(Viewer &viewer, const QString &folder);
+
+    /**
+     * Walks to the end or to the first step that does not lead where it should.
+     *
+     * @return empty at the end, else which step failed and how
+     */
+    QString walk();
+
+private:
+    Q_DISABLE_COPY(Tour)
+
+    struct Step;
+    static const Step steps[];
+
+    QString take(const Step &step);
+    QString see(const QString &name, const QString &text);
+    QString tap(const QString &name);
+    QString picture(const QString &name);
+
+    Viewer &m_viewer;
+    Finger m_finger;
+    QString m_folder;
+    int m_pictures;
+};
+
+#endif // TOUR_H

@@ -1,0 +1,26 @@
+import QtQuick 1.1
+import "components/style.js" as Style
+
+// What the viewer shows. The browser comes only when the account can be used: its objects look for
+// their folders as the account from the moment they are made.
+Rectangle {
+    id: main
+
+    property string reason: account.refusal()
+
+    width: 800
+    height: 480
+    color: "white"
+
+    Loader {
+        anchors.fill: parent
+        source: main.reason === "" ? "Browser.qml" : ""
+    }
+
+    Refused {
+        anchors.fill: parent
+        visible: main.reason !== ""
+        reason: main.reason
+        onRetried: main.reason = account.refusal()
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick 1.1
+import "style.js" as Style
+
+// One heading of a list that sorts when it is touched. The arrow points to where values grow.
+Rectangle {
+    id: heading
+
+    property string text
+    property bool isSorted: false
+    property bool growsDown: true
+
+    signal clicked
+
+    objectName: "heading:" + text
+    color: area.pressed ? Style.lightBlue : Style.blue
+
+    Label {
+        id: label
+        x: 8
+        height: parent.height
+        text: heading.text
+        elide: Text.ElideNone
+        color: "white"
+        font.bold: true
+        font.pixelSize: Style.smallFontPixels
+    }
+
+    Image {
+        objectName: "arrow"
+        x: label.x + label.width + 6
+        anchors.verticalCenter: parent.verticalCenter
+        visible: heading.isSorted
+        source: heading.growsDown ? "qrc:/images/white-triangle-down.png"
+                                  : "qrc:/images/white-triangle-up.png"
+    }
+
+    Rectangle {
+        anchors.right: parent.right
+        width: 1
+        height: parent.height
+        color: "white"
+        opacity: 0.4
+    }
+
+    MouseArea {
+        id: area
+        anchors.fill: parent
+        onClicked: heading.clicked()
+    }
+}

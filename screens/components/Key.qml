@@ -1,0 +1,33 @@
+import QtQuick 1.1
+import "style.js" as Style
+
+// A key of the keyboard.
+Rectangle {
+    id: key
+
+    property string text
+    property bool isHeld: false
+
+    signal clicked
+
+    objectName: "key:" + text
+    height: 54
+    radius: 4
+    color: area.pressed ? Style.lightBlue : isHeld ? Style.pale : "white"
+    border.color: Style.frame
+    border.width: 1
+
+    Label {
+        anchors.fill: parent
+        horizontalAlignment: Text.AlignHCenter
+        text: key.text
+        color: area.pressed ? "white" : Style.text
+        font.pixelSize: 20
+    }
+
+    MouseArea {
+        id: area
+        anchors.fill: parent
+        onClicked: key.clicked()
+    }
+}

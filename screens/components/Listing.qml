@@ -1,0 +1,71 @@
+import QtQuick 1.1
+import FileBrowser 1.0 as Fb
+import "style.js" as Style
+
+// A Directory with what a screen needs beside it: a count of the marked entries, and marks that are
+// never out of date.
+Fb.Directory {
+    id: listing
+
+    // Marked entries in all folders. The names in selectedFiles can't be counted: they may have blanks.
+    property int markedCount: 0
+
+    // selectedFilesKB has a signal of its own that marking does not send.
+    property int markedKB: 0
+
+    signal listed
+
+    // filesChanged() comes while the object is locked: a call from its handler that needs the lock would
+    // wait for ever. The next turn of the event loop is soon enough.
+    property QtObject afterwards: Timer {
+        interval: 1
+        onTriggered: {
+            listing.updateSelectedFiles();
+            listing.listed();
+        }
+    }
+    onFilesChanged: afterwards.restart()
+
+    onSelectedFilesChanged: {
+        markedKB = selectedFilesKB;
+        if (selectedFiles === "")
+            markedCount = 0;
+    }
+
+    // Marking an entry twice would count its size twice.
+    function mark(index, on) {
+        if (files[index].isSelected === on)
+            return;
+        markedCount += on ? 1 : -1;
+        setIsSelectedAt(index, on);
+    }
+
+    function markAll() {
+        for (var i = 0; i < files.length; ++i) {
+            if (!files[i].isDir && !files[i].isSelected)
+                ++markedCount;
+        }
+        selectAll();
+    }
+
+    // Names of the marked entries that are shown.
+    function markedNames() {
+        var names = [];
+        for (var i = 0; i < files.length; ++i) {
+            if (files[i].isSelected)
+                names.push(files[i].name);
+        }
+        return names;
+    }
+
+    // An entry that got another name or is gone must not stay in the selection.
+    function forget(name) {
+        var index = getIndex(name);
+        if (index >= 0)
+            mark(index, false);
+    }
+
+    function pathOf(name) {
+        return currentPath + "/" + name;
+    }
+}

@@ -1,0 +1,91 @@
+import QtQuick 1.1
+import FileBrowser 1.0 as Fb
+import "style.js" as Style
+
+// The two slots for USB sticks: looks for sticks, and lets go of them.
+Column {
+    id: sticks
+
+    // The slot whose stick is being let go, "A" or "B"; empty when none is.
+    property string leaving: ""
+
+    signal copyChosen(string path)
+
+    spacing: Style.margin
+
+    // Not between an eject and its own scan, which alone knows whether the eject worked.
+    function look() {
+        if (leaving === "")
+            usb.find();
+    }
+
+    function eject(slot) {
+        leaving = slot;
+        card(slot).news = "Wait, do not remove it yet";
+        afterDrawing.restart();
+    }
+
+    function card(slot) {
+        return slot === "A" ? cardA : cardB;
+    }
+
+    // Every scan sends both space signals, also when nothing has changed.
+    function scanned(slot, isPresent) {
+        if (leaving === slot) {
+            card(slot).news = isPresent ? "Still in use, try again" : "Safe to remove";
+            leaving = "";
+        }
+    }
+
+    function changed(slot) {
+        if (leaving !== slot)
+            card(slot).news = "";
+    }
+
+    StickCard {
+        id: cardA
+        width: sticks.width
+        slot: "A"
+        isPresent: usb.usbA
+        isLocked: sticks.leaving !== ""
+        path: usb.usbAPath
+        freeSpace: usb.usbAFreeSpace
+        onCopyChosen: sticks.copyChosen(path)
+        onEjectChosen: sticks.eject(slot)
+    }
+
+    StickCard {
+        id: cardB
+        width: sticks.width
+        slot: "B"
+        isPresent: usb.usbB
+        isLocked: sticks.leaving !== ""
+        path: usb.usbBPath
+        freeSpace: usb.usbBFreeSpace
+        onCopyChosen: sticks.copyChosen(path)
+        onEjectChosen: sticks.eject(slot)
+    }
+
+    Fb.USB {
+        id: usb
+        onUsbAChanged: sticks.changed("A")
+        onUsbBChanged: sticks.changed("B")
+        onUsbASpaceChanged: sticks.scanned("A", usbA)
+        onUsbBSpaceChanged: sticks.scanned("B", usbB)
+    }
+
+    // Flushing blocks everything: the card must say so before.
+    Timer {
+        id: afterDrawing
+        interval: 100
+        onTriggered: sticks.leaving === "A" ? usb.ejectA() : usb.ejectB()
+    }
+
+    Timer {
+        interval: 2000
+        repeat: true
+        running: true
+        triggeredOnStart: true
+        onTriggered: sticks.look()
+    }
+}
