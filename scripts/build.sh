@@ -76,6 +76,8 @@ install_missing_packages() {
     [ -n "$missing" ] || return 0
     echo "Installing" $missing
     as_root apt-get update -q
+    # What is found when the build is configured may be more now.
+    rm -f "$build/build.ninja"
     # shellcheck disable=SC2086 # one package per word
     as_root env DEBIAN_FRONTEND=noninteractive \
         apt-get install -q --yes --no-install-recommends $missing

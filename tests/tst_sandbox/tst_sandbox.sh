@@ -147,11 +147,14 @@ the_machines_own_disk_is_no_stick() {
         return
     fi
     same "what an instrument sees of it" "$(inside "$own_disk
-        instrument sh -c '$table; cd \"/home/own disk\" && cat file && echo after >file && stick plug A && $table'
-        cat '/home/own disk/file'; $table")" "before
-/dev/sda1 /media/Stick\\040A tmpfs
-after
-/dev/sda1 /home/own\\040disk ext4"
+        instrument sh -c '$table; cat \"/home/own disk/file\"; stick plug A && $table'")" "before
+/dev/sda1 /media/Stick\\040A tmpfs"
+    has "what an instrument can do to it" "$(inside "$own_disk
+        instrument cp /etc/passwd '/home/own disk/file'")" "Read-only file system"
+    same "what is left of a container's own files" "$(inside "$own_disk
+        mount --bind '/home/own disk/file' /etc/hosts && umount '/home/own disk'
+        instrument sh -c '$table; cat /etc/hosts'; cat /etc/hosts")" "$(cat /etc/hosts)
+before"
     has "what somebody else is told" "$(inside "$own_disk
         unshare --map-root-user instrument true; echo \$?")" "use sudo
 125"
