@@ -10,6 +10,7 @@ int probes = 0;
 
 Probe::Probe()
     : ignoresPresses(false)
+    , ignoresDoubleClicks(false)
     , m_paints(0)
 {
     ++probes;
@@ -66,7 +67,7 @@ void Probe::mouseReleaseEvent(QMouseEvent *event)
 void Probe::mouseDoubleClickEvent(QMouseEvent *event)
 {
     note("double click", event->pos());
-    event->setAccepted(!ignoresPresses);
+    event->setAccepted(!ignoresDoubleClicks);
 }
 
 void Probe::wheelEvent(QWheelEvent *event)

@@ -31,6 +31,7 @@ public:
     static int count();
 
     bool ignoresPresses;
+    bool ignoresDoubleClicks;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -4,6 +4,7 @@
 #include <QGraphicsProxyWidget>
 #include <QGraphicsScene>
 #include <QPainter>
+#include <QSGImageNode>
 #include <QtTest>
 
 class tst_DeclarativeItem : public QObject
@@ -18,6 +19,7 @@ private slots:
     void anEmptyItemShowsNothing();
     void theWidgetIsDrawnOnceAndThenOnlyWhenSomethingChanged();
     void repaintDrawsInsideTheCallAndUpdateLater();
+    void thePictureIsUploadedOnlyWhenItChanged();
     void aHiddenItemIsDrawnWhenItIsShown();
     void theItemsOpacityFadesTheWidgetOnce();
     void whatCannotBeSeenTakesNoPress();
@@ -121,6 +123,38 @@ void tst_DeclarativeItem::repaintDrawsInsideTheCallAndUpdateLater()
     QVERIFY(waitUntil([&] { return probe->paints() == 3; }));
     screen.settle();
     QCOMPARE(probe->paints(), 3);
+}
+
+namespace {
+/** An item that notes the textures it gives to the scene graph. */
+class TextureNoter : public ProbeItem
+{
+public:
+    QList<QSGTexture *> textures;
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override
+    {
+        QSGNode *node = ProbeItem::updatePaintNode(oldNode, data);
+        textures.append(static_cast<QSGImageNode *>(node)->texture());
+        return node;
+    }
+};
+} // namespace
+
+void tst_DeclarativeItem::thePictureIsUploadedOnlyWhenItChanged()
+{
+    const ProbeScreen screen;
+    TextureNoter item;
+    item.setSize(QSizeF(60, 40));
+    item.setParentItem(screen.view.rootObject());
+    screen.view.grabFramebuffer();
+    QCOMPARE(item.textures.count(), 1);
+
+    item.setSmooth(false);
+    screen.view.grabFramebuffer();
+    QCOMPARE(item.textures.count(), 2);
+    QCOMPARE(item.textures.at(1), item.textures.at(0));
 }
 
 void tst_DeclarativeItem::aHiddenItemIsDrawnWhenItIsShown()

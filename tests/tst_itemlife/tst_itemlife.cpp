@@ -3,6 +3,8 @@
 
 #include <QGraphicsProxyWidget>
 #include <QProcess>
+#include <QStandardItemModel>
+#include <QTreeView>
 #include <QtTest>
 
 #include <cstdlib>
@@ -50,6 +52,7 @@ private slots:
     void theItemGoesWhileTheMouseIsOverIt();
     void theItemGoesWithAnUpdatePending();
     void theItemGoesBecauseItIsPressed();
+    void theItemGoesWithATouchedTree();
     void theItemGoesWithoutAView();
     void theItemLeavesItsViewBeforeItGoes();
     void theWidgetGoesFirst();
@@ -143,6 +146,26 @@ void tst_ItemLife::theItemGoesBecauseItIsPressed()
 
     QVERIFY(waitUntil([] { return Probe::count() == 0; }));
     QVERIFY(!screen.item);
+}
+
+void tst_ItemLife::theItemGoesWithATouchedTree()
+{
+    // The viewport of a tree hands its focus on to the tree, also while that is being destroyed.
+    ProbeScreen screen;
+    QTreeView *tree = new QTreeView;
+    tree->setFocusPolicy(Qt::NoFocus);
+    (new QGraphicsProxyWidget(screen.item))->setWidget(tree);
+    screen.settle();
+    QSignalSpy presses(tree, SIGNAL(pressed(QModelIndex)));
+    QStandardItemModel model(10, 1);
+    tree->setModel(&model);
+    tree->setHeaderHidden(true);
+
+    QTest::mouseClick(&screen.view, Qt::LeftButton, Qt::NoModifier, spot);
+    QCOMPARE(presses.count(), 1);
+
+    delete tree;
+    delete screen.item;
 }
 
 void tst_ItemLife::theItemGoesWithoutAView()

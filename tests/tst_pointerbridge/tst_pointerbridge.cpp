@@ -73,10 +73,13 @@ private slots:
     void twoQuickTapsAreADoubleClick();
     void twoQuickTapsApartAreTwo();
     void aTapElsewhereComesBetweenTwo();
+    void tapsGoOnAfterADoubleClickThatNobodyTakes();
+    void aTapDoesNotMoveToTheMouse();
     void aSecondFingerIsNobodysClick();
     void theWheelArrives();
     void theMouseWithoutAButtonArrivesWhereItIsTracked();
     void whatNobodyTakesGoesToTheItemBelow();
+    void anEmptyItemTakesNothing();
     void aStolenDragEndsOutside();
     void aDisabledItemTakesNothing();
 };
@@ -264,6 +267,36 @@ void tst_PointerBridge::aTapElsewhereComesBetweenTwo()
              QString("press 10,10; release 10,10; press 10,10; release 10,10"));
 }
 
+void tst_PointerBridge::tapsGoOnAfterADoubleClickThatNobodyTakes()
+{
+    ProbeScreen screen;
+    screen.item->probe()->ignoresDoubleClicks = true;
+    Finger finger(&screen.view);
+
+    finger.tap(spot);
+    finger.tap(spot);
+    QCOMPARE(screen.item->probe()->take(),
+             QString("press 10,10; release 10,10; double click 10,10"));
+    QVERIFY(!screen.view.quickWindow()->mouseGrabberItem());
+
+    finger.tap(spot);
+    QCOMPARE(screen.item->probe()->take(), QString("press 10,10; release 10,10"));
+}
+
+void tst_PointerBridge::aTapDoesNotMoveToTheMouse()
+{
+    ProbeScreen screen;
+    Finger finger(&screen.view);
+    QTest::mouseMove(screen.view.quickWindow(), QPoint(110, 80));
+    screen.item->probe()->setMouseTracking(true);
+    screen.item->probe()->take();
+
+    finger.tap(spot);
+
+    QCOMPARE(screen.item->probe()->take(),
+             QString("hover 10,10; press 10,10; release 10,10; hover 10,10"));
+}
+
 void tst_PointerBridge::aSecondFingerIsNobodysClick()
 {
     ProbeScreen screen;
@@ -308,9 +341,7 @@ void tst_PointerBridge::theMouseWithoutAButtonArrivesWhereItIsTracked()
 void tst_PointerBridge::whatNobodyTakesGoesToTheItemBelow()
 {
     ProbeScreen screen("property int clicks: 0\n"
-                       "property int doubleClicks: 0\n"
-                       "MouseArea { anchors.fill: parent; onClicked: ++parent.clicks\n"
-                       "  onDoubleClicked: ++parent.doubleClicks }\n"
+                       "MouseArea { anchors.fill: parent; onClicked: ++parent.clicks }\n"
                        "ProbeItem { x: 20; y: 10; width: 100; height: 80 }");
     Probe *probe = screen.item->probe();
 
@@ -322,6 +353,23 @@ void tst_PointerBridge::whatNobodyTakesGoesToTheItemBelow()
     QTest::mouseClick(&screen.view, Qt::LeftButton, Qt::NoModifier, spot);
     QCOMPARE(screen.view.rootObject()->property("clicks").toInt(), 1);
     QCOMPARE(probe->take(), QString("press 10,10"));
+}
+
+void tst_PointerBridge::anEmptyItemTakesNothing()
+{
+    ProbeScreen screen("property int clicks: 0\n"
+                       "property int doubleClicks: 0\n"
+                       "MouseArea { anchors.fill: parent\n"
+                       "  onClicked: ++parent.clicks; onDoubleClicked: ++parent.doubleClicks }");
+    QQuickItem *root = screen.view.rootObject();
+    QDeclarativeItem cover;
+    cover.setSize(QSizeF(200, 120));
+    cover.setParentItem(root);
+
+    QTest::mouseClick(&screen.view, Qt::LeftButton, Qt::NoModifier, spot);
+    QCOMPARE(root->property("clicks").toInt(), 1);
+    QTest::mouseDClick(&screen.view, Qt::LeftButton, Qt::NoModifier, spot);
+    QCOMPARE(root->property("doubleClicks").toInt(), 1);
 }
 
 void tst_PointerBridge::aStolenDragEndsOutside()
