@@ -4,12 +4,13 @@
 #include <QEvent>
 #include <QGraphicsProxyWidget>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QWidget>
 #include <QtMath>
 
 ItemScene::ItemScene(QGraphicsItem *item)
     : m_item(item)
-    , m_isDelivering(false)
+    , m_isDrawing(false)
 {
     setItemIndexMethod(NoIndex);
     addItem(m_item);
@@ -38,6 +39,7 @@ QImage ItemScene::picture(const QSizeF &size, qreal pixelRatio)
     }
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::transparent);
+    const QScopedValueRollback<bool> once(m_isDrawing, true);
     const QRectF area(QPointF(), size);
     QPainter painter(&image);
     render(&painter, area, area);
@@ -46,14 +48,15 @@ QImage ItemScene::picture(const QSizeF &size, qreal pixelRatio)
 
 bool ItemScene::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::UpdateRequest || m_isDelivering || !shows(watched)) {
+    if (event->type() != QEvent::UpdateRequest || m_isDrawing || !shows(watched)) {
         return QGraphicsScene::eventFilter(watched, event);
     }
     // A widget's repaint() comes this way inside the call, its update() later. The scene would
     // collect either until the next turn of the event loop.
-    m_isDelivering = true;
-    QCoreApplication::sendEvent(watched, event);
-    m_isDelivering = false;
+    {
+        const QScopedValueRollback<bool> once(m_isDrawing, true);
+        QCoreApplication::sendEvent(watched, event);
+    }
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     emit widgetRepainted();
     return true;

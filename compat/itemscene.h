@@ -39,7 +39,7 @@ private:
     bool shows(QObject *object) const;
 
     QGraphicsItem *m_item;
-    bool m_isDelivering;
+    bool m_isDrawing; // or telling a widget to
 };
 
 #endif // COMPAT_ITEMSCENE_H

@@ -55,9 +55,7 @@ void PointerBridge::press(QMouseEvent *event)
 void PointerBridge::doubleClick(QMouseEvent *event)
 {
     m_heldPress.reset();
-    send(QEvent::GraphicsSceneMouseDoubleClick, *event);
-    // Qt Quick would lose the release of a touch, because the press has been accepted before.
-    event->accept();
+    event->setAccepted(send(QEvent::GraphicsSceneMouseDoubleClick, *event));
 }
 
 void PointerBridge::move(QMouseEvent *event)

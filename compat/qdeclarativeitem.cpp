@@ -45,8 +45,6 @@ void QDeclarativeItem::paint(QPainter *, const QStyleOptionGraphicsItem *, QWidg
 void QDeclarativeItem::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     if (newGeometry.size() != oldGeometry.size()) {
-        prepareGeometryChange();
-        m_scene->setSceneRect(QRectF(QPointF(), newGeometry.size()));
         schedulePicture();
     }
     QQuickItem::geometryChanged(newGeometry, oldGeometry);

@@ -19,6 +19,7 @@ private slots:
     void anEmptyItemShowsNothing();
     void theWidgetIsDrawnOnceAndThenOnlyWhenSomethingChanged();
     void repaintDrawsInsideTheCallAndUpdateLater();
+    void aWidgetThatRepaintsWhileItIsDrawnIsDrawnAgainLater();
     void thePictureIsUploadedOnlyWhenItChanged();
     void aHiddenItemIsDrawnWhenItIsShown();
     void theItemsOpacityFadesTheWidgetOnce();
@@ -123,6 +124,47 @@ void tst_DeclarativeItem::repaintDrawsInsideTheCallAndUpdateLater()
     QVERIFY(waitUntil([&] { return probe->paints() == 3; }));
     screen.settle();
     QCOMPARE(probe->paints(), 3);
+}
+
+namespace {
+/** A widget that wants to be drawn again, twice, while it is drawn. */
+class Restless : public QWidget
+{
+public:
+    Restless()
+        : paints(0)
+        , isNested(false)
+        , m_isPainting(false)
+    {
+    }
+
+    int paints;
+    bool isNested;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        isNested = isNested || m_isPainting;
+        m_isPainting = true;
+        if (++paints < 3) {
+            repaint();
+        }
+        m_isPainting = false;
+    }
+
+private:
+    bool m_isPainting;
+};
+} // namespace
+
+void tst_DeclarativeItem::aWidgetThatRepaintsWhileItIsDrawnIsDrawnAgainLater()
+{
+    const ProbeScreen screen;
+    Restless *restless = new Restless;
+    (new QGraphicsProxyWidget(screen.item))->setWidget(restless);
+
+    QVERIFY(waitUntil([&] { return restless->paints == 3; }));
+    QVERIFY(!restless->isNested);
 }
 
 namespace {
