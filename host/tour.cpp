@@ -36,10 +36,10 @@ bool isNever()
 
 struct Tour::Step
 {
-    enum Kind { See, Gone, Tap, Type, Run, Picture };
+    enum Kind { See, Gone, Tap, TapTree, Type, Run, Picture };
 
     Kind kind;
-    const char *subject; ///< objectName, characters to type, command or name of the picture
+    const char *subject; ///< objectName, "x,y" in the tree, characters, command or picture
     const char *text;    ///< what the item's text begins with
 };
 
@@ -96,6 +96,26 @@ const Tour::Step Tour::steps[] = {
     {Step::Gone, "row:spring 2014", nullptr},
     {Step::Tap, "tab:Programs", nullptr},
     {Step::Picture, "programs", nullptr},
+    {Step::Tap, "tab:Tree", nullptr},
+    {Step::See, "currentFolder", "Folder /home/ostan/logs"},
+    {Step::Picture, "tree", nullptr},
+    {Step::TapTree, "150,158", nullptr}, // the folder in the third row
+    {Step::See, "currentFolder", "Folder /home/ostan/logs/soil"},
+    {Step::TapTree, "71,248", nullptr}, // the box of its first file
+    {Step::See, "summary", "Checked: 2 KB"},
+    {Step::TapTree, "150,248", nullptr}, // that file
+    {Step::See, "touchedPath", "/home/ostan/logs/soil/flux"},
+    {Step::Picture, "tree-checked", nullptr},
+    {Step::Run, "stick plug B 32M \"/media/Field Data\"", nullptr},
+    {Step::Tap, "copy:B", nullptr},
+    {Step::See, "noticeText", "Checked files copied to Field Data"},
+    {Step::Picture, "tree-copied", nullptr},
+    {Step::Tap, "noticeOk", nullptr},
+    {Step::Tap, "button:Words", nullptr},
+    {Step::Type, "week", nullptr},
+    {Step::Tap, "nameOk", nullptr},
+    {Step::Tap, "toggle:Filter", nullptr},
+    {Step::Picture, "tree-filtered", nullptr},
 };
 
 Tour::Tour(Viewer &viewer, const QString &folder)
@@ -130,6 +150,8 @@ QString Tour::take(const Step &step)
                    : subject + " is still there";
     case Step::Tap:
         return tap(subject);
+    case Step::TapTree:
+        return tapTree(subject.section(',', 0, 0).toInt(), subject.section(',', 1).toInt());
     case Step::Type:
         for (const QChar character : subject) {
             const QString problem = tap(QString("key:") + character);
@@ -179,6 +201,17 @@ QString Tour::tap(const QString &name)
         return "nothing to touch at " + name;
     }
     m_finger.tap(place.center().toPoint());
+    return QString();
+}
+
+// The rows of the tree are no items of the scene.
+QString Tour::tapTree(int x, int y)
+{
+    const ShownItem tree = shownItem(m_viewer, "tree");
+    if (!tree.object) {
+        return "there is no tree";
+    }
+    m_finger.tap((tree.place.topLeft() + QPointF(x, y)).toPoint());
     return QString();
 }
 

@@ -32,6 +32,7 @@ private:
     QString take(const Step &step);
     QString see(const QString &name, const QString &text);
     QString tap(const QString &name);
+    QString tapTree(int x, int y);
     QString picture(const QString &name);
 
     Viewer &m_viewer;

@@ -19,6 +19,8 @@ Item {
 
     function perform(task, name) {
         attempt(function () {
+            if (task === "filter")
+                return tree.setFilter(name);
             var problem = Style.nameProblem(name);
             if (problem !== "")
                 return problem;
@@ -33,7 +35,7 @@ Item {
     function askWhetherToDelete() {
         var names = screen.namesToDelete();
         if (names.length === 0) {
-            notice.complain("What is selected is in another folder.", "");
+            notice.complain("Select an entry of this folder first.", "");
             return;
         }
         var text = names.length === 1 ? "Delete \"" + Style.oneLine(names[0]) + "\"?"
@@ -44,18 +46,18 @@ Item {
     function askForNewName() {
         var name = screen.nameToRename();
         if (name === "")
-            notice.complain("What is selected is in another folder.", "");
+            notice.complain("Select an entry of this folder first.", "");
         else
             nameDialog.ask("rename", "New name of \"" + Style.oneLine(name) + "\"", name);
     }
 
     function copyTo(path) {
         var stick = Style.oneLine(Style.lastPart(path));
-        var count = screen.markedCount;
+        var marked = screen.marked;
         var failed = screen.copyTo(path);
         sticks.look();
         if (failed === "")
-            notice.tell(count + (count === 1 ? " entry" : " entries") + " copied to " + stick, "");
+            notice.tell(marked + " copied to " + stick, "");
         else
             notice.complain("Not copied to " + stick + ": " + Style.oneLine(failed),
                             "Folders are not copied, and files that are there already are kept.");
@@ -73,12 +75,27 @@ Item {
             current: browser.screen.tab
             onChosen: browser.attempt(function () { browser.screen.show(index); return ""; })
         }
+
+        Tabs {
+            anchors.right: parent.right
+            height: parent.height
+            names: ["List", "Tree"]
+            current: browser.screen === list ? 0 : 1
+            onChosen: browser.screen = index === 0 ? list : tree
+        }
     }
 
     ListScreen {
         id: list
         anchors { top: bar.bottom; bottom: parent.bottom; left: parent.left; right: rail.left }
         visible: browser.screen === list
+    }
+
+    TreeScreen {
+        id: tree
+        anchors.fill: list
+        visible: browser.screen === tree
+        onWordsWanted: nameDialog.ask("filter", "Show only names with these words, parted by commas", words)
     }
 
     Rectangle {
@@ -99,7 +116,7 @@ Item {
             y: 8
             width: parent.width - 16
             onCopyChosen: {
-                if (browser.screen.markedCount === 0)
+                if (!browser.screen.canCopy)
                     notice.complain("Nothing is selected.", "Mark what is to be copied first.");
                 else
                     copying.begin(path);

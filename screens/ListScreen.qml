@@ -14,8 +14,8 @@ Item {
     property bool canRename: markedCount === 1
     property bool canDelete: markedCount > 0
 
-    // What is chosen here is copied as the account.
-    property bool copiesAsAccount: true
+    property bool canCopy: markedCount > 0
+    property string marked: markedCount + (markedCount === 1 ? " entry" : " entries")
 
     // Touching the tab that is shown already leads back to its top.
     function show(index) {

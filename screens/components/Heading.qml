@@ -1,13 +1,14 @@
 import QtQuick 1.1
 import "style.js" as Style
 
-// One heading of a list that sorts when it is touched. The arrow points to where values grow.
+// One heading of a list that sorts when it is touched. As in the tree, the arrow
+// points up when the smallest value is on top.
 Rectangle {
     id: heading
 
     property string text
     property bool isSorted: false
-    property bool growsDown: true
+    property bool isSmallOnTop: true
 
     signal clicked
 
@@ -30,8 +31,8 @@ Rectangle {
         x: label.x + label.width + 6
         anchors.verticalCenter: parent.verticalCenter
         visible: heading.isSorted
-        source: heading.growsDown ? "qrc:/images/white-triangle-down.png"
-                                  : "qrc:/images/white-triangle-up.png"
+        source: heading.isSmallOnTop ? "qrc:/images/white-triangle-up.png"
+                                     : "qrc:/images/white-triangle-down.png"
     }
 
     Rectangle {

@@ -98,7 +98,7 @@ Overlay {
             width: 110
             text: "OK"
             kind: "main"
-            enabled: input.text !== ""
+            enabled: input.text !== "" || dialog.task === "filter"
             onClicked: dialog.accept()
         }
 

@@ -14,7 +14,7 @@ Row {
         height: bar.height
         text: "Kind"
         isSorted: bar.directory.typeSorted
-        growsDown: bar.ascending
+        isSmallOnTop: bar.ascending
         onClicked: bar.directory.reorderByType()
     }
 
@@ -23,7 +23,7 @@ Row {
         height: bar.height
         text: "Name"
         isSorted: bar.directory.nameSorted
-        growsDown: bar.ascending
+        isSmallOnTop: bar.ascending
         onClicked: bar.directory.reorderByName()
     }
 
@@ -32,7 +32,7 @@ Row {
         height: bar.height
         text: "Date"
         isSorted: bar.directory.dateSorted
-        growsDown: !bar.ascending
+        isSmallOnTop: !bar.ascending
         onClicked: bar.directory.reorderByDate()
     }
 
@@ -41,7 +41,7 @@ Row {
         height: bar.height
         text: "Size"
         isSorted: bar.directory.sizeSorted
-        growsDown: !bar.ascending
+        isSmallOnTop: !bar.ascending
         onClicked: bar.directory.reorderBySize()
     }
 }

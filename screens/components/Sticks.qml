@@ -21,7 +21,7 @@ Column {
 
     function eject(slot) {
         leaving = slot;
-        card(slot).news = "Wait, do not remove it yet";
+        card(slot).news = "Wait, do not remove";
         afterDrawing.restart();
     }
 

@@ -28,6 +28,10 @@ function lastPart(path) {
     return path.substring(path.lastIndexOf("/") + 1);
 }
 
+function folderOf(path) {
+    return path.substring(0, path.lastIndexOf("/"));
+}
+
 // Bytes as text: whole numbers up to KB, then one decimal.
 function size(bytes) {
     var units = ["bytes", "KB", "MB", "GB", "TB"];
