@@ -1,7 +1,10 @@
+// What a Directory is and what it lists.
+
 #include "directory/directory.h"
 
 #include "support/account.h"
 #include "support/debuglog.h"
+#include "support/listing.h"
 #include "support/signallog.h"
 #include "support/surface.h"
 #include "support/testdir.h"
@@ -24,42 +27,7 @@ namespace {
 const char logs[] = "/home/ostan/logs";
 const int afterTheMarksMs = 400;
 
-QStringList shownNames(Directory *directory)
-{
-    QDeclarativeListProperty<File> files = directory->files();
-    QStringList names;
-    for (int i = 0; i < files.count(&files); ++i)
-        names.append(files.at(&files, i)->name());
-    return names;
-}
-
-File *shownFile(Directory *directory, int index)
-{
-    QDeclarativeListProperty<File> files = directory->files();
-    return files.at(&files, index);
-}
-
-/** The breadcrumb as "name=fullpath". */
-QStringList breadcrumb(Directory *directory)
-{
-    QDeclarativeListProperty<Path> paths = directory->paths();
-    QStringList steps;
-    for (int i = 0; i < paths.count(&paths); ++i) {
-        const Path *path = paths.at(&paths, i);
-        steps.append(path->name() + '=' + path->fullpath());
-    }
-    return steps;
-}
-
-/** What one relisting with a changed list and a breadcrumb emits, seen by a later receiver. */
-QStringList relisting(const char *cause)
-{
-    return QStringList() << "filesChanged"
-                         << "pathsChanged"
-                         << "updateDirectory" << cause;
-}
-
-/** The same when the names are as before. */
+/** What a relisting with the same names emits, seen by a later receiver. */
 QStringList quietRelisting(const char *cause)
 {
     return QStringList() << "pathsChanged"
@@ -77,7 +45,6 @@ private slots:
 
     void propertiesSignalsAndSlotsStandInTheirOrder();
     void enumsHaveTheirNumbers();
-
     void aNewDirectoryMakesItsRootAndListsNothing();
     void aNewDirectoryThrowsWithoutTheAccount();
     void refreshListsTheLogsNewestFirst();
@@ -85,49 +52,15 @@ private slots:
     void datesAreInTheShortFormatOfTheDefaultLocale();
     void oddNamesAreListedAsTheyAre();
     void hiddenEntriesAreNotListed();
-
     void sameNamesKeepTheOldItemsAndEmitNothing();
     void otherNamesReplaceAllItemsAndMarkThemLater();
     void anEmptyFolderComparedWithAnEmptyListIsEqual();
     void aFolderThatIsGoneLeavesEverythingAsItIs();
     void anUnreadableFolderShowsThePreviousEntries();
     void aFolderThatVanishesComesBackEmpty();
-
-    void reorderByDateTurnsTheInitialOrderRound();
-    void everyReorderSetsItsFlagAndDirection_data();
-    void everyReorderSetsItsFlagAndDirection();
-    void aNewSortKeyListsFourTimes();
-    void theSameSortKeyOrOrderDoesNothing();
-    void sortingByNameIgnoresCase();
-    void sortingByKindKeepsNamesAscendingInBothDirections();
-    void writingAFlagListsAgainInTheSameOrder();
-    void anUnknownSortTypeSortsBySize();
-
-    void setRootMakesAMissingFolderAsTheAccount();
-    void theSameRootDoesNothing();
-    void aRootThatCannotBeMadeIsNotReported();
-    void aRootWithoutTheAccountThrowsBeforeAnySignal();
-    void setCurrentPathIgnoresEmptyAndEqual();
-    void aPathOutsideTheRootIsListed();
-    void selectPathWantsTheRootAnywhereInThePath();
-
-    void theBreadcrumbStartsWithTheRoot();
-    void theTopFolderHasNoBreadcrumb();
-    void aRootBelowTheTopGivesPathsWithTwoSeparators();
-    void thePathAboveTheRootGivesWhatQtCallsIt();
-    void oldBreadcrumbItemsLiveOn();
-
     void getIndexFindsTheExactName();
     void isDirCountsTheFolderReadAndKnowsItsEnds();
     void aThrowLeavesTheMutexFree();
-
-    void theScriptFilterHidesOtherFilesButNoFolders();
-    void theScriptFilterStaysForOtherFolders();
-    void filtersCanBeCountedOnly();
-    void dataFoldersAreWhereTheyBelong();
-    void theSoilFolderIsMade();
-    void theSameViewTwiceDoesNothing();
-
     void listsTakeNothingFromOutside();
     void destructionLeavesTheItems();
     void tenThousandEntriesAreListed();
@@ -136,7 +69,6 @@ private:
     TestDir *m_home;
 };
 
-// Each test starts with the account's home as a new instrument has it.
 void tst_Directory::init()
 {
     m_home = new TestDir("/home/ostan");
@@ -413,8 +345,6 @@ void tst_Directory::aFolderThatIsGoneLeavesEverythingAsItIs()
     QCOMPARE(log.names(), QStringList("pathsChanged"));
 }
 
-// Qt asks with the real user id whether a folder is readable, so that the whole process has to be
-// another user's: a child, whose exit status tells what it saw.
 void tst_Directory::anUnreadableFolderShowsThePreviousEntries()
 {
     m_home->folder("logs/secret");
@@ -462,307 +392,6 @@ void tst_Directory::aFolderThatVanishesComesBackEmpty()
     QCOMPARE(directory.filesCount(), 0);
     QCOMPARE(log.names(), QStringList() << "filesChanged"
                                         << "pathsChanged");
-}
-
-void tst_Directory::reorderByDateTurnsTheInitialOrderRound()
-{
-    m_home->folder("logs");
-    m_home->file("logs/b.log", 1, 1370000000);
-    m_home->file("logs/a.log", 1, 1370000100);
-    Directory directory;
-    directory.refresh();
-    SignalLog log(&directory);
-
-    directory.reorderByDate();
-    QCOMPARE(shownNames(&directory), QStringList() << "b.log"
-                                                   << "a.log");
-    QVERIFY(!directory.ascendingSorted());
-    QCOMPARE(log.take(), relisting("ascendingSortedChanged"));
-
-    directory.reorderByDate();
-    QCOMPARE(shownNames(&directory), QStringList() << "a.log"
-                                                   << "b.log");
-    QVERIFY(directory.ascendingSorted());
-    QCOMPARE(log.take(), relisting("ascendingSortedChanged"));
-}
-
-void tst_Directory::everyReorderSetsItsFlagAndDirection_data()
-{
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<QByteArray>("flag");
-    QTest::newRow("name") << QByteArray("reorderByName") << QByteArray("nameSorted");
-    QTest::newRow("size") << QByteArray("reorderBySize") << QByteArray("sizeSorted");
-    QTest::newRow("type") << QByteArray("reorderByType") << QByteArray("typeSorted");
-}
-
-void tst_Directory::everyReorderSetsItsFlagAndDirection()
-{
-    QFETCH(QByteArray, slot);
-    QFETCH(QByteArray, flag);
-    Directory directory;
-    directory.reorderByDate(); // descending: a new key starts ascending again
-    QVERIFY(!directory.ascendingSorted());
-
-    QVERIFY(QMetaObject::invokeMethod(&directory, slot.constData()));
-    for (const char *each : {"nameSorted", "dateSorted", "sizeSorted", "typeSorted"})
-        QCOMPARE(directory.property(each).toBool(), flag == each);
-    QVERIFY(directory.ascendingSorted());
-    QVERIFY(QMetaObject::invokeMethod(&directory, slot.constData()));
-    QVERIFY(!directory.ascendingSorted());
-    QVERIFY(QMetaObject::invokeMethod(&directory, slot.constData()));
-    QVERIFY(directory.ascendingSorted());
-}
-
-void tst_Directory::aNewSortKeyListsFourTimes()
-{
-    m_home->folder("logs");
-    m_home->file("logs/b.log", 1, 1370000100);
-    m_home->file("logs/a.log", 1, 1370000000);
-    Directory directory;
-    directory.refresh();
-    SignalLog log(&directory);
-
-    directory.setSortType(Directory::name);
-
-    QCOMPARE(log.names(), relisting("nameSortedChanged") + quietRelisting("dateSortedChanged") +
-                              quietRelisting("sizeSortedChanged") +
-                              quietRelisting("typeSortedChanged"));
-    QCOMPARE(shownNames(&directory), QStringList() << "a.log"
-                                                   << "b.log");
-}
-
-void tst_Directory::theSameSortKeyOrOrderDoesNothing()
-{
-    Directory directory;
-    SignalLog log(&directory);
-    directory.setSortType(Directory::date);
-    directory.setSortOrder(Directory::ascending);
-    QCOMPARE(log.names(), QStringList());
-}
-
-void tst_Directory::sortingByNameIgnoresCase()
-{
-    m_home->folder("logs");
-    for (const char *name : {"B.log", "a.log", "c.log"})
-        m_home->file(QString("logs/") + name);
-    Directory directory;
-    directory.reorderByName();
-    QCOMPARE(shownNames(&directory), QStringList() << "a.log"
-                                                   << "B.log"
-                                                   << "c.log");
-    directory.reorderByName();
-    QCOMPARE(shownNames(&directory), QStringList() << "c.log"
-                                                   << "B.log"
-                                                   << "a.log");
-}
-
-void tst_Directory::sortingByKindKeepsNamesAscendingInBothDirections()
-{
-    m_home->folder("logs/y");
-    m_home->folder("logs/X");
-    m_home->file("logs/b");
-    m_home->file("logs/C");
-    Directory directory;
-    directory.reorderByType();
-    QCOMPARE(shownNames(&directory), QStringList() << "X"
-                                                   << "y"
-                                                   << "C"
-                                                   << "b");
-    directory.reorderByType();
-    QCOMPARE(shownNames(&directory), QStringList() << "C"
-                                                   << "b"
-                                                   << "X"
-                                                   << "y");
-}
-
-void tst_Directory::writingAFlagListsAgainInTheSameOrder()
-{
-    m_home->folder("logs");
-    m_home->file("logs/b.log", 1, 1370000100);
-    m_home->file("logs/a.log", 1, 1370000000);
-    Directory directory;
-    directory.refresh();
-    SignalLog log(&directory);
-
-    for (const char *flag :
-         {"nameSorted", "dateSorted", "sizeSorted", "typeSorted", "ascendingSorted"}) {
-        const bool state = directory.property(flag).toBool();
-        QVERIFY(directory.setProperty(flag, state)); // unchanged, and emitted all the same
-        QCOMPARE(log.take(), quietRelisting(QByteArray(flag).append("Changed").constData()));
-        QVERIFY(directory.setProperty(flag, !state));
-        QCOMPARE(directory.property(flag).toBool(), !state);
-        QCOMPARE(log.take(), quietRelisting(QByteArray(flag).append("Changed").constData()));
-    }
-    QCOMPARE(shownNames(&directory), QStringList() << "b.log"
-                                                   << "a.log");
-}
-
-void tst_Directory::anUnknownSortTypeSortsBySize()
-{
-    m_home->folder("logs");
-    m_home->file("logs/small", 1, 1370000100);
-    m_home->file("logs/large", 2, 1370000000);
-    Directory directory;
-    directory.setSortType(static_cast<Directory::SortType>(77));
-    QCOMPARE(shownNames(&directory), QStringList() << "large"
-                                                   << "small");
-}
-
-void tst_Directory::setRootMakesAMissingFolderAsTheAccount()
-{
-    Directory directory;
-    SignalLog log(&directory);
-    directory.setRoot("/home/ostan/deep/new root");
-    QVERIFY(QDir("/home/ostan/deep/new root").exists());
-    QCOMPARE(ownerOf("/home/ostan/deep"), ostanUid);
-    QCOMPARE(ownerOf("/home/ostan/deep/new root"), ostanUid);
-    QCOMPARE(directory.root(), QString("/home/ostan/deep/new root"));
-    QCOMPARE(directory.currentPath(), QString("/home/ostan/deep/new root"));
-    QCOMPARE(log.names(), QStringList("rootChanged") + quietRelisting("currentPathChanged"));
-}
-
-void tst_Directory::theSameRootDoesNothing()
-{
-    Directory directory;
-    removeTree(logs);
-    SignalLog log(&directory);
-    directory.setRoot(logs);
-    QCOMPARE(log.names(), QStringList());
-    QVERIFY(!QFile::exists(logs));
-}
-
-void tst_Directory::aRootThatCannotBeMadeIsNotReported()
-{
-    const TestDir elsewhere;
-    QVERIFY(chmod(QFile::encodeName(elsewhere.path()).constData(), 0755) == 0);
-    Directory directory;
-    SignalLog log(&directory);
-    DebugLog lines;
-    directory.setRoot(elsewhere.path("root"));
-    QVERIFY(!QFile::exists(elsewhere.path("root")));
-    QCOMPARE(directory.root(), elsewhere.path("root"));
-    QCOMPARE(log.names(), QStringList("rootChanged") + quietRelisting("currentPathChanged"));
-    QCOMPARE(lines.lines(), QStringList("ERROR: Directory::refreshFileList failed to cd to  " +
-                                        quoted(elsewhere.path("root"))));
-}
-
-void tst_Directory::aRootWithoutTheAccountThrowsBeforeAnySignal()
-{
-    Directory directory;
-    SignalLog log(&directory);
-    bool thrown = false;
-    {
-        const AccountDatabase nobody("root:x:0:0::/root:/bin/sh\n");
-        try {
-            directory.setRoot("/home/ostan/other");
-        } catch (const std::runtime_error &) {
-            thrown = true;
-        }
-    }
-    QVERIFY(thrown);
-    QCOMPARE(log.names(), QStringList());
-    QVERIFY(!QFile::exists("/home/ostan/other"));
-    QCOMPARE(directory.currentPath(), QString(logs));
-}
-
-void tst_Directory::setCurrentPathIgnoresEmptyAndEqual()
-{
-    Directory directory;
-    SignalLog log(&directory);
-    directory.setCurrentPath(QString());
-    directory.setCurrentPath(logs);
-    QCOMPARE(log.names(), QStringList());
-    QCOMPARE(directory.currentPath(), QString(logs));
-}
-
-void tst_Directory::aPathOutsideTheRootIsListed()
-{
-    m_home->folder("configs");
-    m_home->file("configs/site.cfg");
-    Directory directory;
-    directory.setCurrentPath("/home/ostan/configs");
-    QCOMPARE(shownNames(&directory), QStringList("site.cfg"));
-    QCOMPARE(breadcrumb(&directory), QStringList("configs=/home/ostan/configs"));
-
-    directory.setCurrentPath("/home");
-    // The homes of the people of this machine may be beside it.
-    QVERIFY(shownNames(&directory).contains("ostan"));
-    QCOMPARE(breadcrumb(&directory), QStringList("..=/home/ostan/.."));
-}
-
-void tst_Directory::selectPathWantsTheRootAnywhereInThePath()
-{
-    m_home->folder("logs/soil");
-    const TestDir copy;
-    copy.folder("home/ostan/logs");
-    Directory directory;
-    SignalLog log(&directory);
-
-    directory.selectPath("/home/ostan");
-    directory.selectPath("/home/ostan/logs/missing");
-    directory.selectPath("/HOME/ostan/logs");
-    directory.selectPath(QString());
-    QCOMPARE(log.names(), QStringList());
-    QCOMPARE(directory.currentPath(), QString(logs));
-
-    directory.selectPath("/home/ostan/logs/soil/");
-    QCOMPARE(directory.currentPath(), QString("/home/ostan/logs/soil"));
-    directory.selectPath(copy.path("home/ostan/logs"));
-    QCOMPARE(directory.currentPath(), copy.path("home/ostan/logs"));
-}
-
-void tst_Directory::theBreadcrumbStartsWithTheRoot()
-{
-    m_home->folder("logs/soil/may 2013");
-    Directory directory;
-    directory.setCurrentPath("/home/ostan/logs/soil/may 2013");
-    QCOMPARE(breadcrumb(&directory), QStringList() << "logs=/home/ostan/logs"
-                                                   << "soil=/home/ostan/logs/soil"
-                                                   << "may 2013=/home/ostan/logs/soil/may 2013");
-    QCOMPARE(directory.pathsCount(), 3);
-    directory.setCurrentPath(logs);
-    QCOMPARE(breadcrumb(&directory), QStringList("logs=/home/ostan/logs"));
-}
-
-void tst_Directory::theTopFolderHasNoBreadcrumb()
-{
-    Directory directory;
-    directory.refresh();
-    SignalLog log(&directory);
-    directory.setRoot("/");
-    QCOMPARE(directory.pathsCount(), 0);
-    QCOMPARE(log.count("pathsChanged"), 0);
-    QCOMPARE(log.count("filesChanged"), 1);
-}
-
-void tst_Directory::aRootBelowTheTopGivesPathsWithTwoSeparators()
-{
-    Directory directory;
-    directory.setRoot("/home");
-    QCOMPARE(breadcrumb(&directory), QStringList("home=//home"));
-}
-
-void tst_Directory::thePathAboveTheRootGivesWhatQtCallsIt()
-{
-    Directory directory;
-    directory.setCurrentPath("/home/ostan");
-    const QString relative = QDir("/home/ostan").relativeFilePath("/home/ostan");
-    if (relative.isEmpty())
-        QCOMPARE(breadcrumb(&directory), QStringList());
-    else
-        QCOMPARE(breadcrumb(&directory), QStringList(relative + "=/home/ostan/" + relative));
-}
-
-void tst_Directory::oldBreadcrumbItemsLiveOn()
-{
-    Directory directory;
-    directory.refresh();
-    QDeclarativeListProperty<Path> paths = directory.paths();
-    const QPointer<Path> before = paths.at(&paths, 0);
-    directory.refresh();
-    QVERIFY(before);
-    QVERIFY(before != paths.at(&paths, 0));
-    delete before;
 }
 
 void tst_Directory::getIndexFindsTheExactName()
@@ -814,87 +443,6 @@ void tst_Directory::aThrowLeavesTheMutexFree()
     m_home->file("logs/a.log");
     directory.refresh();
     QCOMPARE(shownNames(&directory), QStringList("a.log"));
-}
-
-void tst_Directory::theScriptFilterHidesOtherFilesButNoFolders()
-{
-    m_home->folder("autoprogs/library");
-    for (const char *name : {"a.py", "b.PY", "c.pyc", "d.txt"})
-        m_home->file(QString("autoprogs/") + name);
-    Directory directory;
-    directory.setSortType(Directory::name);
-    directory.viewScriptDirectory();
-    QCOMPARE(shownNames(&directory), QStringList() << "a.py"
-                                                   << "c.pyc"
-                                                   << "library");
-}
-
-void tst_Directory::theScriptFilterStaysForOtherFolders()
-{
-    m_home->folder("logs");
-    m_home->file("logs/a.log");
-    m_home->file("logs/about.py.log");
-    Directory directory;
-    directory.viewScriptDirectory();
-    directory.viewLogDirectory();
-    QCOMPARE(shownNames(&directory), QStringList("about.py.log"));
-}
-
-void tst_Directory::filtersCanBeCountedOnly()
-{
-    Directory directory;
-    QDeclarativeListProperty<QString> filters = directory.filters();
-    QCOMPARE(filters.count(&filters), 0);
-    directory.viewScriptDirectory();
-    directory.viewLogDirectory();
-    directory.viewScriptDirectory();
-    QCOMPARE(filters.count(&filters), 1);
-    QCOMPARE(*filters.at(&filters, 0), QString(".py"));
-    QString another(".txt");
-    filters.append(&filters, &another);
-    QCOMPARE(filters.count(&filters), 1);
-}
-
-void tst_Directory::dataFoldersAreWhereTheyBelong()
-{
-    Directory directory;
-    SignalLog log(&directory);
-    directory.viewGraphDefinitionDirectory();
-    QCOMPARE(directory.root(), QString("/home/ostan/graph_definitions"));
-    QCOMPARE(directory.currentPath(), directory.root());
-    directory.viewConfigsDirectory();
-    QCOMPARE(directory.root(), QString("/home/ostan/configs"));
-    directory.viewSoilFluxDirectory();
-    QCOMPARE(directory.root(), QString("/home/ostan/logs/soil"));
-    directory.viewScriptDirectory();
-    QCOMPARE(directory.root(), QString("/home/ostan/autoprogs"));
-    directory.viewLogDirectory();
-    QCOMPARE(directory.root(), QString(logs));
-    QCOMPARE(log.count("rootChanged"), 5);
-    QCOMPARE(log.count("currentPathChanged"), 5);
-    QCOMPARE(log.count("filtersChanged"), 0);
-}
-
-void tst_Directory::theSoilFolderIsMade()
-{
-    Directory directory;
-    QCOMPARE(directory.getSoilFluxDirectory(), QString("/home/ostan/logs/soil"));
-    QVERIFY(!QFile::exists("/home/ostan/logs/soil"));
-    directory.viewSoilFluxDirectory();
-    QCOMPARE(ownerOf("/home/ostan/logs/soil"), ostanUid);
-    QCOMPARE(directory.filesCount(), 0);
-    QCOMPARE(breadcrumb(&directory), QStringList("soil=/home/ostan/logs/soil"));
-}
-
-void tst_Directory::theSameViewTwiceDoesNothing()
-{
-    Directory directory;
-    directory.viewConfigsDirectory();
-    m_home->file("configs/new.cfg");
-    SignalLog log(&directory);
-    directory.viewConfigsDirectory();
-    QCOMPARE(log.names(), QStringList());
-    QCOMPARE(directory.filesCount(), 0);
 }
 
 void tst_Directory::listsTakeNothingFromOutside()
