@@ -14,6 +14,7 @@ build_options='  --debug            build without optimisation, with debug infor
 
 build=build
 build_type=Release
+benchmarks=OFF
 sanitize=OFF
 qmake=
 
@@ -89,7 +90,8 @@ build_project() {
     # What was installed just now may be what the build could do without so far.
     if [ ! -e "$build/build.ninja" ] || [ -n "${missing-}" ]; then
         cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE="$build_type" \
-            -DFILEBROWSER_SANITIZE="$sanitize" -DQT_QMAKE_EXECUTABLE="$qmake"
+            -DFILEBROWSER_SANITIZE="$sanitize" -DFILEBROWSER_BENCHMARKS="$benchmarks" \
+            -DQT_QMAKE_EXECUTABLE="$qmake"
     fi
     ninja -C "$build" "$@"
 }
