@@ -1,37 +1,11 @@
 #include "host/tour.h"
 
-#include "host/shownitems.h"
-
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QProcess>
-#include <QVariant>
-
-#include <functional>
+#include <QStringList>
 
 namespace {
-const int deadlineMs = 20000; // only a step that fails waits so long
-const int frameMs = 20;
-const int drawingMs = 300; // for what changes with time: caret, flick, file-system watcher
-
-bool waitUntil(const std::function<bool()> &condition, int ms)
-{
-    QElapsedTimer time;
-    time.start();
-    while (!condition()) {
-        if (time.elapsed() > ms) {
-            return false;
-        }
-        QApplication::processEvents(QEventLoop::AllEvents, frameMs);
-    }
-    return true;
-}
-
-bool isNever()
-{
-    return false;
-}
+const int drawingMs = 300; // for what changes with time: flick, file-system watcher, repaint
 } // namespace
 
 struct Tour::Step
@@ -120,7 +94,7 @@ const Tour::Step Tour::steps[] = {
 
 Tour::Tour(Viewer &viewer, const QString &folder)
     : m_viewer(viewer)
-    , m_finger(viewer)
+    , m_visitor(viewer)
     , m_folder(folder)
     , m_pictures(0)
 {
@@ -129,96 +103,42 @@ Tour::Tour(Viewer &viewer, const QString &folder)
 QString Tour::walk()
 {
     for (const Step &step : steps) {
-        const QString problem = take(step);
-        if (!problem.isEmpty()) {
-            picture("failed");
-            return problem;
+        if (!take(step)) {
+            savePicture("failed");
+            return QString("step %1 failed: %2 %3")
+                .arg(&step - steps + 1)
+                .arg(QString::fromUtf8(step.subject), QString::fromUtf8(step.text));
         }
     }
     return QString();
 }
 
-QString Tour::take(const Step &step)
+bool Tour::take(const Step &step)
 {
     const QString subject = QString::fromUtf8(step.subject);
     switch (step.kind) {
     case Step::See:
-        return see(subject, step.text);
+        return m_visitor.sees(subject, step.text);
     case Step::Gone:
-        return waitUntil([&] { return !shownItem(m_viewer, subject).object; }, deadlineMs)
-                   ? QString()
-                   : subject + " is still there";
+        return m_visitor.misses(subject);
     case Step::Tap:
-        return tap(subject);
-    case Step::TapTree:
-        return tapTree(subject.section(',', 0, 0).toInt(), subject.section(',', 1).toInt());
+        return m_visitor.taps(subject);
+    case Step::TapTree: // its rows are no items of the scene
+        return m_visitor.taps(
+            "tree", QPoint(subject.section(',', 0, 0).toInt(), subject.section(',', 1).toInt()));
     case Step::Type:
-        for (const QChar character : subject) {
-            const QString problem = tap(QString("key:") + character);
-            if (!problem.isEmpty()) {
-                return problem;
-            }
-        }
-        return QString();
+        return m_visitor.types(subject);
     case Step::Run:
-        return QProcess::execute("sh", QStringList() << "-c" << subject) == 0 ? QString()
-                                                                              : subject + " failed";
+        return QProcess::execute("sh", QStringList() << "-c" << subject) == 0;
     case Step::Picture:
-        return picture(subject);
+        return savePicture(subject);
     }
-    return QString();
+    return false;
 }
 
-QString Tour::see(const QString &name, const QString &text)
+bool Tour::savePicture(const QString &name)
 {
-    const bool isSeen = waitUntil(
-        [&] {
-            const QList<ShownItem> items = shownItems(m_viewer, name);
-            for (const ShownItem &item : items) {
-                if (item.object->property("text").toString().startsWith(text)) {
-                    return true;
-                }
-            }
-            return false;
-        },
-        deadlineMs);
-    return isSeen ? QString() : "there is no " + name + " " + text;
-}
-
-QString Tour::tap(const QString &name)
-{
-    QRectF place;
-    const QRectF screen = m_viewer.rect();
-    const bool isInReach = waitUntil(
-        [&] {
-            const ShownItem item = shownItem(m_viewer, name);
-            place = item.place;
-            return item.object && item.object->property("enabled").toBool() &&
-                   screen.contains(place.center());
-        },
-        deadlineMs);
-    if (!isInReach) {
-        return "nothing to touch at " + name;
-    }
-    m_finger.tap(place.center().toPoint());
-    return QString();
-}
-
-// The rows of the tree are no items of the scene.
-QString Tour::tapTree(int x, int y)
-{
-    const ShownItem tree = shownItem(m_viewer, "tree");
-    if (!tree.object) {
-        return "there is no tree";
-    }
-    m_finger.tap((tree.place.topLeft() + QPointF(x, y)).toPoint());
-    return QString();
-}
-
-QString Tour::picture(const QString &name)
-{
-    waitUntil(isNever, drawingMs);
-    const QString file =
-        QString("%1/%2-%3.png").arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
-    return m_viewer.picture().save(file) ? QString() : "can't write " + file;
+    Visitor::rests(drawingMs);
+    return m_viewer.picture().save(
+        QString("%1/%2-%3.png").arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name));
 }

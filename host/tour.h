@@ -1,8 +1,8 @@
 #ifndef TOUR_H
 #define TOUR_H
 
-#include "host/finger.h"
 #include "host/viewer.h"
+#include "host/visitor.h"
 
 #include <QString>
 
@@ -29,14 +29,11 @@ private:
     struct Step;
     static const Step steps[];
 
-    QString take(const Step &step);
-    QString see(const QString &name, const QString &text);
-    QString tap(const QString &name);
-    QString tapTree(int x, int y);
-    QString picture(const QString &name);
+    bool take(const Step &step);
+    bool savePicture(const QString &name);
 
     Viewer &m_viewer;
-    Finger m_finger;
+    Visitor m_visitor;
     QString m_folder;
     int m_pictures;
 };

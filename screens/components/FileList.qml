@@ -9,6 +9,7 @@ Item {
 
     ListView {
         id: view
+        objectName: "list"
 
         anchors.fill: parent
         clip: true

@@ -1,0 +1,126 @@
+#include "host/visitor.h"
+
+#include "host/shownitems.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMap>
+#include <QVariant>
+
+#include <functional>
+
+namespace {
+const int patienceMs = 20000; // only who looks for what never comes waits so long
+const int frameMs = 20;
+
+bool waitUntil(const std::function<bool()> &condition, int ms)
+{
+    QElapsedTimer time;
+    time.start();
+    while (!condition()) {
+        if (time.elapsed() > ms) {
+            return false;
+        }
+        QApplication::processEvents(QEventLoop::AllEvents, frameMs);
+    }
+    return true;
+}
+
+bool never()
+{
+    return false;
+}
+} // namespace
+
+Visitor::Visitor(Viewer &viewer)
+    : m_viewer(viewer)
+    , m_finger(viewer)
+{
+}
+
+bool Visitor::sees(const QString &name, const QString &text)
+{
+    return waitUntil(
+        [&] {
+            const QList<ShownItem> items = shownItems(m_viewer, name);
+            for (const ShownItem &item : items) {
+                if (item.object->property("text").toString().startsWith(text)) {
+                    return true;
+                }
+            }
+            return false;
+        },
+        patienceMs);
+}
+
+bool Visitor::misses(const QString &name)
+{
+    return waitUntil([&] { return shownItems(m_viewer, name).isEmpty(); }, patienceMs);
+}
+
+bool Visitor::taps(const QString &name)
+{
+    QPoint place;
+    const bool isInReach = waitUntil(
+        [&] {
+            const ShownItem item = shownItem(m_viewer, name);
+            place = item.place.center().toPoint();
+            return item.object && item.object->property("enabled").toBool() &&
+                   m_viewer.rect().contains(place);
+        },
+        patienceMs);
+    if (isInReach) {
+        m_finger.tap(place);
+    }
+    return isInReach;
+}
+
+bool Visitor::taps(const QString &name, const QPoint &place)
+{
+    const ShownItem item = shownItem(m_viewer, name);
+    if (item.object) {
+        m_finger.tap(item.place.topLeft().toPoint() + place);
+    }
+    return item.object;
+}
+
+bool Visitor::drags(const QString &name, const QPoint &way)
+{
+    const ShownItem item = shownItem(m_viewer, name);
+    if (item.object) {
+        const QPoint from = item.place.center().toPoint();
+        m_finger.drag(from, from + way);
+    }
+    return item.object;
+}
+
+bool Visitor::types(const QString &text)
+{
+    for (const QChar character : text) {
+        if (!taps(QString("key:") + character)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+QVariant Visitor::property(const QString &name, const char *property) const
+{
+    const ShownItem item = shownItem(m_viewer, name);
+    return item.object ? item.object->property(property) : QVariant();
+}
+
+QStringList Visitor::names(const QString &beginning) const
+{
+    const QList<ShownItem> items = shownItemsLike(m_viewer, beginning);
+    QMultiMap<qreal, QString> byHeight;
+    for (const ShownItem &item : items) {
+        byHeight.insert(item.place.top(), item.object->objectName().mid(beginning.size()));
+    }
+    return byHeight.values();
+}
+
+void Visitor::rests(int ms)
+{
+    waitUntil(never, ms);
+}
