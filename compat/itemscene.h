@@ -18,7 +18,7 @@ public:
      * unit and transparent where nothing is; a null image when the size is empty. */
     QImage picture(const QSizeF &size, qreal pixelRatio);
 
-    /** Whether @p watched is a widget shown in this scene is told to draw itself: delivers that
+    /** When @p watched, a widget shown in this scene, is told to draw itself: delivers that
      * at once, with all that follows from it. */
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -121,6 +121,13 @@ private slots:
 private:
     Q_DISABLE_COPY(QDeclarativeItem)
 
+    // These would act in the private scene alone.
+    using QGraphicsItem::hide;
+    using QGraphicsItem::moveBy;
+    using QGraphicsItem::setPos;
+    using QGraphicsItem::setTransform;
+    using QGraphicsItem::show;
+
     QScopedPointer<ItemScene> m_scene;
     QScopedPointer<PointerBridge> m_pointer;
     QImage m_picture;         // of the scene, shown by Qt Quick

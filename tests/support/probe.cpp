@@ -23,7 +23,7 @@ Probe::~Probe()
 
 QString Probe::take()
 {
-    const QString taken = m_events.join("; ");
+    QString taken = m_events.join("; ");
     m_events.clear();
     return taken;
 }

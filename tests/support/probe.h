@@ -55,7 +55,7 @@ class ProbeItem : public QDeclarativeItem
     Q_OBJECT
 
 public:
-    explicit ProbeItem(QDeclarativeItem *parent = 0);
+    explicit ProbeItem(QDeclarativeItem *parent = nullptr);
     ~ProbeItem() override;
 
     Probe *probe() const

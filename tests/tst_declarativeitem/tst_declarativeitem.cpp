@@ -377,6 +377,7 @@ void tst_DeclarativeItem::viewsTellWhatIsWrongWithTheirSource()
 {
     TestDir dir;
     dir.file("wrong.qml", "import QtQuick 2.0\nItem {\n  width: 1 +\n}");
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("wrong.qml:4:1: "));
     QDeclarativeView view(QUrl::fromLocalFile(dir.path("wrong.qml")));
 
     QCOMPARE(view.status(), QDeclarativeView::Error);
