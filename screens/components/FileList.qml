@@ -9,17 +9,35 @@ Item {
 
     ListView {
         id: view
-        objectName: "list"
 
+        // Where the finger left the list of which folder: a new listing of it begins there again.
+        property string path
+        property real place: 0
+
+        objectName: "list"
         anchors.fill: parent
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: fileList.listing.files
+        onModelChanged: listed.restart()
+        onMovementEnded: place = contentY
         delegate: FileRow {
             width: view.width
             file: modelData
             onOpened: fileList.listing.selectPath(fileList.listing.pathOf(name))
             onMarked: fileList.listing.mark(index, on)
+        }
+
+        Timer {
+            id: listed
+            interval: 1
+            onTriggered: {
+                if (view.path !== fileList.listing.currentPath) {
+                    view.path = fileList.listing.currentPath;
+                    view.place = 0;
+                }
+                view.contentY = Math.max(0, Math.min(view.place, view.contentHeight - view.height));
+            }
         }
     }
 

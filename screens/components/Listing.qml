@@ -13,16 +13,11 @@ Fb.Directory {
     // selectedFilesKB has a signal of its own that marking does not send.
     property int markedKB: 0
 
-    signal listed
-
     // filesChanged() comes while the object is locked: a call from its handler that needs the lock would
     // wait for ever. The next turn of the event loop is soon enough.
     property QtObject afterwards: Timer {
         interval: 1
-        onTriggered: {
-            listing.updateSelectedFiles();
-            listing.listed();
-        }
+        onTriggered: listing.updateSelectedFiles()
     }
     onFilesChanged: afterwards.restart()
 
@@ -41,8 +36,9 @@ Fb.Directory {
     }
 
     function markAll() {
-        for (var i = 0; i < files.length; ++i) {
-            if (!files[i].isDir && !files[i].isSelected)
+        var shown = files;
+        for (var i = 0; i < shown.length; ++i) {
+            if (!shown[i].isDir && !shown[i].isSelected)
                 ++markedCount;
         }
         selectAll();
@@ -50,10 +46,11 @@ Fb.Directory {
 
     // Names of the marked entries that are shown.
     function markedNames() {
+        var shown = files;
         var names = [];
-        for (var i = 0; i < files.length; ++i) {
-            if (files[i].isSelected)
-                names.push(files[i].name);
+        for (var i = 0; i < shown.length; ++i) {
+            if (shown[i].isSelected)
+                names.push(shown[i].name);
         }
         return names;
     }

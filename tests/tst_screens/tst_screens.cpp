@@ -13,8 +13,8 @@
 #include <QtTest>
 
 namespace {
-const time_t noon = 1371117600;  // 13 June 2013, 12:00 in Berlin
-const time_t day = 24 * 60 * 60; // seconds
+const time_t noon = 1371117600; // 13 June 2013, 12:00 in Berlin
+const time_t day = 86400;       // seconds
 const QString stickPath = "/media/Field Data";
 
 /** A data folder that belongs to the account, as on an instrument. */
@@ -101,6 +101,7 @@ private slots:
     void programsAreFilteredAndNothingElseIs();
     void anEmptyFolderSaysSo();
     void aFingerScrollsALongList();
+    void aListStaysWhereItWasScrolled();
 
     void touchesMarkFilesAndTheFooterCountsThem();
     void selectAllLeavesFoldersOut();
@@ -285,6 +286,35 @@ void TestScreens::aFingerScrollsALongList()
     QVERIFY(screens->taps("row:run_06.csv"));
     QVERIFY(screens->sees("summary", "1 selected"));
     QCOMPARE(screens.text("detail"), QString("run_06.csv"));
+}
+
+// What is listed anew after a change must not jump under the finger; what is entered begins at its
+// top.
+void TestScreens::aListStaysWhereItWasScrolled()
+{
+    const DataFolder logs("logs");
+    logs->folder("run_05");
+    for (int i = 0; i < 50; ++i) {
+        logs->file(QString("run_05/%1.csv").arg(i));
+        logs->file(QString("run_%1.csv").arg(i, 2, 10, QLatin1Char('0')));
+    }
+    Screens screens;
+    QVERIFY(screens->taps("heading:Name"));
+    QVERIFY(screens->sees("row:run_00.csv"));
+    QVERIFY(screens->drags("row:run_03.csv", QPoint(0, -140)));
+    QVERIFY(waitUntil([&] { return !screens->property("list", "moving").toBool(); }));
+    const qreal place = screens->property("list", "contentY").toReal();
+    QVERIFY(place > 100);
+
+    QVERIFY(screens->taps("mark:run_06.csv"));
+    QVERIFY(screens->taps("button:Delete"));
+    QVERIFY(screens->taps("answer:yes"));
+    QVERIFY(screens->misses("row:run_06.csv"));
+    QVERIFY(waitUntil([&] { return screens->property("list", "contentY").toReal() == place; }));
+
+    QVERIFY(screens->taps("row:run_05"));
+    QVERIFY(screens->sees("crumb:run_05"));
+    QVERIFY(waitUntil([&] { return screens->property("list", "contentY").toReal() == 0; }));
 }
 
 void TestScreens::touchesMarkFilesAndTheFooterCountsThem()
