@@ -1,9 +1,10 @@
 #ifndef FILESYSTEMMODEL_H
 #define FILESYSTEMMODEL_H
 
+#include "tree/checkedentries.h"
+#include "tree/entrycache.h"
+
 #include <QFileSystemModel>
-#include <QPersistentModelIndex>
-#include <QSet>
 #include <QString>
 #include <QVariant>
 
@@ -59,6 +60,9 @@ public:
      * it can wrap.
      */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+
+    /** What a sort needs to know about the entries. */
+    EntryCache &entryCache() const;
 
 signals:
     /** Never emitted by this model. */
@@ -120,11 +124,13 @@ private:
     bool isTagged(const QModelIndex &index) const;
     Qt::CheckState checkState(const QModelIndex &index) const;
 
-    mutable QSet<QPersistentModelIndex> m_checked; // data() checks what lies below a checked folder
+    mutable CheckedEntries m_checked; // data() checks what lies below a checked folder
     QString m_dateTimeFormat;
     QString m_taggedPath;
     quint64 m_checkedBytes;
     bool m_isSelectable;
+
+    mutable EntryCache m_entryCache;
 
     // What data() answers for every cell that is painted, made once.
     const QVariant m_font;

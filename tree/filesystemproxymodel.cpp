@@ -2,8 +2,6 @@
 
 #include "tree/filesystemmodel.h"
 
-#include <QDateTime>
-
 namespace {
 // Columns of QFileSystemModel.
 const int sizeColumn = 1;
@@ -36,8 +34,9 @@ bool FileSystemProxyModel::lessThan(const QModelIndex &left, const QModelIndex &
     if (!model)
         return QSortFilterProxyModel::lessThan(left, right);
 
-    const bool leftIsDir = model->isDir(left);
-    if (leftIsDir != model->isDir(right)) {
+    EntryCache &entries = model->entryCache();
+    const bool leftIsDir = entries.isDir(left);
+    if (leftIsDir != entries.isDir(right)) {
         // The base class sorts descending by swapping the rows: the order undoes that, so that the
         // groups stay where they are.
         const bool ascending = sortOrder() == Qt::AscendingOrder;
@@ -45,7 +44,7 @@ bool FileSystemProxyModel::lessThan(const QModelIndex &left, const QModelIndex &
     }
     switch (sortColumn()) {
     case dateColumn:
-        return model->lastModified(left) < model->lastModified(right);
+        return entries.modified(left) < entries.modified(right);
     case sizeColumn:
         return model->size(left) < model->size(right);
     default:
