@@ -46,6 +46,13 @@ QImage ItemScene::picture(const QSizeF &size, qreal pixelRatio)
     return image;
 }
 
+void ItemScene::drawBackground(QPainter *painter, const QRectF &)
+{
+    // render() clips to its area. Under such a clip widgets are not held within their own edges, so
+    // that a tree draws over its frame; the picture has edges of its own.
+    painter->setClipping(false);
+}
+
 bool ItemScene::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::UpdateRequest || m_isDrawing || !shows(watched)) {

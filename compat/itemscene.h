@@ -22,6 +22,10 @@ public:
      * at once, with all that follows from it. */
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+protected:
+    /** Draws no background. */
+    void drawBackground(QPainter *painter, const QRectF &area) override;
+
 signals:
     /** Something looks different since the last picture. */
     void appearanceChanged();

@@ -16,6 +16,7 @@ private slots:
 
     void theWidgetShowsInItsPlace();
     void theWidgetFollowsTheItemsSize();
+    void aWidgetDrawsWithinItsOwnEdges();
     void anEmptyItemShowsNothing();
     void theWidgetIsDrawnOnceAndThenOnlyWhenSomethingChanged();
     void repaintDrawsInsideTheCallAndUpdateLater();
@@ -74,6 +75,43 @@ void tst_DeclarativeItem::theWidgetFollowsTheItemsSize()
     QCOMPARE(screen.colorAt(180 - pixel, 50 - pixel), QColor(Qt::black));
     QCOMPARE(screen.colorAt(180, 50 - pixel), QColor(Qt::white));
     QCOMPARE(screen.colorAt(180 - pixel, 50), QColor(Qt::white));
+}
+
+namespace {
+/** A widget that draws without regard for its size. */
+class Boundless : public QWidget
+{
+public:
+    explicit Boundless(QWidget *parent)
+        : QWidget(parent)
+    {
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter(this).fillRect(-1000, -1000, 2000, 2000, Qt::cyan);
+    }
+};
+} // namespace
+
+void tst_DeclarativeItem::aWidgetDrawsWithinItsOwnEdges()
+{
+    const ProbeScreen screen;
+
+    QWidget *child = new Boundless(screen.item->probe());
+    child->setGeometry(10, 10, 20, 10);
+    child->show();
+    screen.settle();
+
+    const qreal pixel = screen.pixel();
+    QCOMPARE(screen.colorAt(30, 20), QColor(Qt::cyan));
+    QCOMPARE(screen.colorAt(50 - pixel, 30 - pixel), QColor(Qt::cyan));
+    QCOMPARE(screen.colorAt(30 - pixel, 20), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(30, 20 - pixel), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(50, 20), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(30, 30), QColor(Qt::red));
+    QCOMPARE(screen.colorAt(110, 80), QColor(Qt::black));
 }
 
 void tst_DeclarativeItem::anEmptyItemShowsNothing()
