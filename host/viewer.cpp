@@ -6,9 +6,11 @@
 #include <QDeclarativeContext>
 #include <QDeclarativeEngine>
 #include <QDeclarativeError>
+#include <QDeclarativeItem>
 #include <QFont>
 #include <QStringList>
 #include <QUrl>
+#include <QVariant>
 
 namespace {
 const QSize screenSize(800, 480); // the instrument's display
@@ -31,6 +33,10 @@ QString Viewer::load(const QString &path)
     QStringList problems;
     for (const QDeclarativeError &error : found) {
         problems << error.toString();
+    }
+    const QObject *screen = rootObject();
+    if (screen && screen->property("isBroken").toBool()) {
+        problems << "a part of them could not be loaded, see above";
     }
     return problems.join("\n");
 }

@@ -58,19 +58,21 @@ bool Visitor::misses(const QString &name)
     return waitUntil([&] { return shownItems(m_viewer, name).isEmpty(); }, patienceMs);
 }
 
+// Items get their places when the scene is drawn next: one that stood there twice has arrived.
 bool Visitor::taps(const QString &name)
 {
-    QPoint place;
+    QRectF lastPlace;
     const bool isInReach = waitUntil(
         [&] {
             const ShownItem item = shownItem(m_viewer, name);
-            place = item.place.center().toPoint();
-            return item.object && item.object->property("enabled").toBool() &&
-                   m_viewer.rect().contains(place);
+            const bool isAtRest = item.object && item.place == lastPlace;
+            lastPlace = item.place;
+            return isAtRest && item.object->property("enabled").toBool() &&
+                   QRectF(m_viewer.rect()).contains(item.place.center());
         },
         patienceMs);
     if (isInReach) {
-        m_finger.tap(place);
+        m_finger.tap(lastPlace.center().toPoint());
     }
     return isInReach;
 }

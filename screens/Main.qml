@@ -8,11 +8,15 @@ Rectangle {
 
     property string reason: account.refusal()
 
+    // For the viewer: a file or the module could not be loaded, and the engine has said why.
+    property bool isBroken: browser.status === Loader.Error
+
     width: 800
     height: 480
     color: "white"
 
     Loader {
+        id: browser
         anchors.fill: parent
         source: main.reason === "" ? "Browser.qml" : ""
     }

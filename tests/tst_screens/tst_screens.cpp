@@ -1,11 +1,6 @@
-#include "host/viewer.h"
-#include "host/visitor.h"
-#include "support/account.h"
+#include "support/screens.h"
 #include "support/stick.h"
-#include "support/testdir.h"
-#include "support/waiting.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QScopedPointer>
@@ -16,72 +11,6 @@ namespace {
 const time_t noon = 1371117600; // 13 June 2013, 12:00 in Berlin
 const time_t day = 86400;       // seconds
 const QString stickPath = "/media/Field Data";
-
-/** A data folder that belongs to the account, as on an instrument. */
-class DataFolder
-{
-public:
-    explicit DataFolder(const QString &name)
-        : m_user(new EffectiveUser(ostanUid))
-        , m_dir("/home/ostan/" + name)
-    {
-        m_user.reset();
-    }
-
-    const TestDir *operator->() const
-    {
-        return &m_dir;
-    }
-
-private:
-    QScopedPointer<EffectiveUser> m_user;
-    TestDir m_dir;
-};
-
-/** The viewer with the screens of this build, and somebody in front of it. */
-class Screens
-{
-public:
-    Screens()
-        : m_viewer(imports())
-        , m_visitor(m_viewer)
-    {
-        m_problem = m_viewer.load(imports() + "/../screens/Main.qml");
-        m_viewer.show();
-    }
-
-    QString problem() const
-    {
-        return m_problem;
-    }
-
-    Visitor *operator->()
-    {
-        return &m_visitor;
-    }
-
-    /** The rows in sight, or the nearest to them after the time that a change takes. */
-    QStringList rowsOnce(const QStringList &expected)
-    {
-        waitUntil([&] { return m_visitor.names("row:") == expected; });
-        return m_visitor.names("row:");
-    }
-
-    QString text(const QString &name) const
-    {
-        return m_visitor.property(name, "text").toString();
-    }
-
-private:
-    static QString imports()
-    {
-        return QFile::decodeName(qgetenv("FILEBROWSER_IMPORTS"));
-    }
-
-    Viewer m_viewer;
-    Visitor m_visitor;
-    QString m_problem;
-};
 } // namespace
 
 /** The list screen as its user meets it: touches and what they lead to, on screen and on disk. */

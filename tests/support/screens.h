@@ -1,0 +1,84 @@
+#ifndef SCREENS_H
+#define SCREENS_H
+
+#include "host/viewer.h"
+#include "host/visitor.h"
+#include "support/account.h"
+#include "support/testdir.h"
+#include "support/waiting.h"
+
+#include <QFile>
+#include <QScopedPointer>
+#include <QStringList>
+#include <QVariant>
+
+/** A data folder that belongs to the account, as on an instrument. Removed with the object. */
+class DataFolder
+{
+public:
+    /** Makes the folder @p name below the account's home. */
+    explicit DataFolder(const QString &name)
+        : m_user(new EffectiveUser(ostanUid))
+        , m_dir("/home/ostan/" + name)
+    {
+        m_user.reset();
+    }
+
+    const TestDir *operator->() const
+    {
+        return &m_dir;
+    }
+
+private:
+    QScopedPointer<EffectiveUser> m_user; // only while the folder is made
+    TestDir m_dir;
+};
+
+/** The viewer with the screens and the module of this build, and somebody in front of it. */
+class Screens
+{
+public:
+    Screens()
+        : m_viewer(imports())
+        , m_visitor(m_viewer)
+    {
+        m_problem = m_viewer.load(imports() + "/../screens/Main.qml");
+        m_viewer.show();
+    }
+
+    /** Why nothing is shown; empty when something is. */
+    QString problem() const
+    {
+        return m_problem;
+    }
+
+    Visitor *operator->()
+    {
+        return &m_visitor;
+    }
+
+    /** The rows of the list from top to bottom, when they are @p expected or else never will be. */
+    QStringList rowsOnce(const QStringList &expected)
+    {
+        waitUntil([&] { return m_visitor.names("row:") == expected; });
+        return m_visitor.names("row:");
+    }
+
+    /** The text of the item @p name that is shown now. */
+    QString text(const QString &name) const
+    {
+        return m_visitor.property(name, "text").toString();
+    }
+
+private:
+    static QString imports()
+    {
+        return QFile::decodeName(qgetenv("FILEBROWSER_IMPORTS"));
+    }
+
+    Viewer m_viewer;
+    Visitor m_visitor;
+    QString m_problem;
+};
+
+#endif // SCREENS_H

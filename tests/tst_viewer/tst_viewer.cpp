@@ -1,0 +1,132 @@
+#include "support/testdir.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStringList>
+#include <QtTest>
+
+namespace {
+const int startMs = 60000; // only a viewer that hangs takes so long
+
+struct Outcome
+{
+    int exitCode;
+    QString output;
+    QString errors;
+};
+
+Outcome runViewer(const QStringList &arguments)
+{
+    QProcess viewer;
+    viewer.start(QFile::decodeName(qgetenv("FILEBROWSER_VIEWER")), arguments);
+    Outcome outcome;
+    outcome.exitCode =
+        viewer.waitForFinished(startMs) && viewer.exitStatus() == QProcess::NormalExit
+            ? viewer.exitCode()
+            : -1;
+    outcome.output = QString::fromLocal8Bit(viewer.readAllStandardOutput());
+    outcome.errors = QString::fromLocal8Bit(viewer.readAllStandardError());
+    return outcome;
+}
+} // namespace
+
+/** The viewer as a command. */
+class TestViewer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void helpNamesEveryOption();
+    void wrongUseIsAnsweredWithTheHelp_data();
+    void wrongUseIsAnsweredWithTheHelp();
+    void aMissingModuleIsReported();
+    void missingScreensAreReported();
+    void theTourWritesAPictureOfEveryStep();
+    void aTourThatGoesWrongFails();
+};
+
+void TestViewer::initTestCase()
+{
+    QCOMPARE(QProcess::execute("sample-data", QStringList("/home/ostan")), 0);
+    QCOMPARE(QProcess::execute("chown", QStringList() << "-R"
+                                                      << "ostan"
+                                                      << "/home/ostan"),
+             0);
+}
+
+void TestViewer::helpNamesEveryOption()
+{
+    const Outcome outcome = runViewer(QStringList("--help"));
+    QCOMPARE(outcome.exitCode, 0);
+    QVERIFY(outcome.output.startsWith("Usage: filebrowser-viewer"));
+    const QStringList options = QStringList() << "--imports"
+                                              << "--screens"
+                                              << "--tour"
+                                              << "--help";
+    for (const QString &option : options) {
+        QVERIFY2(outcome.output.contains("  " + option), qPrintable(option));
+    }
+}
+
+void TestViewer::wrongUseIsAnsweredWithTheHelp_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::newRow("unknown option") << "--fast";
+    QTest::newRow("option without its folder") << "--tour";
+    QTest::newRow("something else") << "Main.qml";
+}
+
+void TestViewer::wrongUseIsAnsweredWithTheHelp()
+{
+    QFETCH(QString, argument);
+    const Outcome outcome = runViewer(QStringList(argument));
+    QCOMPARE(outcome.exitCode, 2);
+    QVERIFY(outcome.errors.contains("Usage: filebrowser-viewer"));
+}
+
+void TestViewer::aMissingModuleIsReported()
+{
+    const TestDir empty;
+    const Outcome outcome = runViewer(QStringList() << "--imports" << empty.path());
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY(outcome.errors.contains("module \"FileBrowser\" is not installed"));
+}
+
+void TestViewer::missingScreensAreReported()
+{
+    const TestDir empty;
+    const Outcome outcome = runViewer(QStringList() << "--screens" << empty.path());
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY(outcome.errors.contains("Main.qml"));
+}
+
+void TestViewer::theTourWritesAPictureOfEveryStep()
+{
+    const TestDir pictures;
+    const Outcome outcome = runViewer(QStringList() << "--tour" << pictures.path());
+    QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
+    const QStringList names = pictures.names();
+    QCOMPARE(names.size(), 17);
+    QCOMPARE(names.first(), QString("01-logs.png"));
+    QCOMPARE(names.last(), QString("17-tree-filtered.png"));
+    for (const QString &name : names) {
+        QCOMPARE(QImage(pictures.path(name)).size(), QSize(800, 480));
+    }
+}
+
+// The second tour finds the account's folders as the first one left them, but no folder for
+// pictures.
+void TestViewer::aTourThatGoesWrongFails()
+{
+    const TestDir folder;
+    const Outcome outcome = runViewer(QStringList() << "--tour" << folder.path("missing"));
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY(outcome.errors.contains("the tour ended early: step 2 failed: logs"));
+}
+
+QTEST_MAIN(TestViewer)
+#include "tst_viewer.moc"
