@@ -440,7 +440,7 @@ void FileTreeViewerItem::clearAll()
 
 QString FileTreeViewerItem::copyCheckedFilesTo(const QString &dest)
 {
-    const QString failed = m_model->copyCheckedFilesTo(dest);
+    QString failed = m_model->copyCheckedFilesTo(dest);
     m_model->clearAll();
     m_model->fetchMore(m_model->index(dest));
     return failed;

@@ -53,7 +53,7 @@ QStringList DebugLog::lines() const
 
 QStringList DebugLog::take()
 {
-    const QStringList lines = written;
+    QStringList lines = written;
     written.clear();
     return lines;
 }

@@ -33,7 +33,7 @@ SignalLog::SignalLog(QObject *sender)
 
 QStringList SignalLog::take()
 {
-    const QStringList names = m_names;
+    QStringList names = m_names;
     m_names.clear();
     return names;
 }

@@ -22,6 +22,8 @@ public:
             if (child->isWidget())
                 proxyWidget = static_cast<QGraphicsProxyWidget *>(child);
         }
+        if (!proxyWidget)
+            qFatal("the item holds no widget");
         view = qobject_cast<QTreeView *>(proxyWidget->widget());
         proxyModel = qobject_cast<QSortFilterProxyModel *>(view->model());
         model = qobject_cast<QFileSystemModel *>(proxyModel->sourceModel());

@@ -39,7 +39,7 @@ void fillWithTies(const TestDir &dir, unsigned seed, time_t start)
             dir.folder(name);
         else
             dir.file(name, qint64(rand() % 4));
-        setModified(dir.path(name), start + rand() % 3 * 1800, rand() % 3 * 400000000);
+        setModified(dir.path(name), start + rand() % 3 * 1800L, rand() % 3 * 400000000L);
     }
 }
 

@@ -72,7 +72,8 @@ void tst_ModificationDates::aChangedZoneCountsFromTheNextListingOn()
     const qint64 noonInBerlin = Q_INT64_C(1370080800000);
     QCOMPARE(ModificationDates("dd").text(noonInBerlin), QString("01"));
     const TimeZone farEast("Asia/Tokyo");
-    QCOMPARE(ModificationDates("dd").text(noonInBerlin + 8 * 3600 * 1000), QString("02"));
+    QCOMPARE(ModificationDates("dd").text(noonInBerlin + Q_INT64_C(8) * 3600 * 1000),
+             QString("02"));
 }
 
 void tst_ModificationDates::wallClockIsThatOfQt_data()
