@@ -27,7 +27,7 @@ public:
         const QString name = line.section(' ', 1, 1);
         const qint64 bytes = line.section(' ', 2, 2).toLongLong();
         const bool all = name == "all";
-        if (verb == "file")
+        if (verb == "file" || verb == "grows")
             m_dir.file(name, bytes);
         else if (verb == "folder")
             m_dir.folder(name);
@@ -42,8 +42,6 @@ public:
                             Qt::CheckStateRole);
         else if (verb == "boxes")
             m_model.setIsSelectable(name == "on");
-        else if (verb == "grows")
-            m_dir.file(name, bytes);
         else if (verb == "appears")
             return appear(name, bytes);
         else if (verb == "vanishes")

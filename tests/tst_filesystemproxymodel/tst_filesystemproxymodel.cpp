@@ -8,6 +8,9 @@
 #include "support/testdir.h"
 #include "support/waiting.h"
 
+#if QT_VERSION >= 0x050B00
+#include <QAbstractItemModelTester>
+#endif
 #include <QDateTime>
 #include <QFileInfo>
 #include <QStandardItemModel>
@@ -22,6 +25,7 @@
 
 namespace {
 const time_t aDay = 1370044800; // 1 June 2013, 00:00 UTC
+const time_t day = 86400;
 const int nameColumn = 0;
 const int sizeColumn = 1;
 const int typeColumn = 2;
@@ -35,12 +39,40 @@ QStringList rows(const QAbstractItemModel &model, const QModelIndex &parent)
     return names;
 }
 
+/**
+ * The model but for two things about Qt's checker of models: it does not take that the invalid
+ * index is user checkable, deliberate as it is, and it would load the whole file system.
+ */
+class CheckableModel : public FileSystemModel
+{
+public:
+    explicit CheckableModel(const QString &path)
+        : m_path(path)
+    {
+    }
+
+    Qt::ItemFlags flags(const QModelIndex &index) const override
+    {
+        return index.isValid() ? FileSystemModel::flags(index) : QFileSystemModel::flags(index);
+    }
+
+    bool canFetchMore(const QModelIndex &parent) const override
+    {
+        return filePath(parent).startsWith(m_path) && isDir(parent) &&
+               FileSystemModel::canFetchMore(parent);
+    }
+
+private:
+    const QString m_path;
+};
+
 /** A folder seen through the proxy, set up as the tree does it. */
 class SortedFolder
 {
 public:
     explicit SortedFolder(const QString &path)
-        : m_path(path)
+        : model(path)
+        , m_path(path)
     {
         proxy.setSourceModel(&model);
         proxy.setDynamicSortFilter(true);
@@ -59,12 +91,25 @@ public:
         return names();
     }
 
-    FileSystemModel model;
+    CheckableModel model;
     FileSystemProxyModel proxy;
 
 private:
     const QString m_path;
 };
+
+#if QT_VERSION >= 0x050B00
+/** Fails the test when a model breaks the contract of item models. */
+typedef QAbstractItemModelTester Checker;
+#else
+/** Qt 4.8 can't check models. */
+struct Checker
+{
+    explicit Checker(QAbstractItemModel *)
+    {
+    }
+};
+#endif
 
 /** Puts the process into another time zone for the length of a scope. */
 class TimeZone
@@ -110,6 +155,7 @@ private slots:
     void aChangedDateMovesItsRow();
     void newFilesFallIntoPlace();
     void aReusedNameIsSortedByItsNewDate();
+    void bothModelsKeepTheirContracts();
     void overAnotherModelItIsAPlainProxy();
     void withoutAModelItIsEmpty();
 };
@@ -275,9 +321,15 @@ void tst_FileSystemProxyModel::foldersCompareByTheSizeTheModelReports()
 void tst_FileSystemProxyModel::datesCompareAsTimes()
 {
     const TestDir dir;
+<<<<<<< HEAD
     dir.file("2 June 2013", 1, aDay + 86400);
     dir.file("10 May 2013", 1, aDay - 22 * 86400L);
     dir.file("1 January 2014", 1, aDay + 214 * 86400L);
+=======
+    dir.file("2 June 2013", 1, aDay + day);
+    dir.file("10 May 2013", 1, aDay - 22 * day);
+    dir.file("1 January 2014", 1, aDay + 214 * day);
+>>>>>>> 1632bce (Check both models against the contract of item models)
     SortedFolder folder(dir.path());
     QCOMPARE(folder.sorted(dateColumn), QStringList() << "10 May 2013"
                                                       << "2 June 2013"
@@ -290,7 +342,11 @@ void tst_FileSystemProxyModel::datesSortLikeDateTimes_data()
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<qint64>("start");
     QTest::addColumn<qint64>("seconds");
+<<<<<<< HEAD
     const qint64 year = Q_INT64_C(366) * 86400;
+=======
+    const qint64 year = 366 * day;
+>>>>>>> 1632bce (Check both models against the contract of item models)
     QTest::newRow("a year") << QByteArray("Europe/Berlin") << qint64(aDay) << year;
     QTest::newRow("the hour that comes twice")
         << QByteArray("Europe/Berlin") << qint64(1382832000) << qint64(14400);
@@ -374,6 +430,41 @@ void tst_FileSystemProxyModel::aReusedNameIsSortedByItsNewDate()
         const QString expected = later ? "b a" : "a b";
         QVERIFY(waitUntil([&] { return folder.names().join(" ") == expected; }));
     }
+}
+
+void tst_FileSystemProxyModel::bothModelsKeepTheirContracts()
+{
+    TestDir dir;
+    dir.folder("soil");
+    for (int i = 0; i < 30; ++i)
+        dir.file(QString::number(i), qint64(i), aDay + i);
+    SortedFolder folder(dir.path());
+    folder.model.setIsSelectable(true);
+    const Checker modelChecker(&folder.model);
+    const Checker proxyChecker(&folder.proxy);
+    folder.sorted(dateColumn);
+    folder.model.selectAll();
+
+    dir.file("new.csv");
+    QVERIFY(waitUntil([&] { return folder.names().contains("new.csv"); }));
+    QVERIFY(QFile::rename(dir.path("new.csv"), dir.path("newer.csv")));
+    QVERIFY(waitUntil([&] { return folder.names().contains("newer.csv"); }));
+    QVERIFY(QFile::remove(dir.path("7")));
+    QVERIFY(waitUntil([&] { return !folder.names().contains("7"); }));
+    QVERIFY(load(folder.model, dir.path("soil")));
+    dir.file("soil/a.csv");
+    QVERIFY(waitUntil([&] { return folder.model.index(dir.path("soil/a.csv")).isValid(); }));
+    for (int column = nameColumn; column <= dateColumn; ++column) {
+        folder.sorted(column, Qt::DescendingOrder);
+        folder.proxy.setDirsFirst(!folder.proxy.dirsFirst());
+        folder.model.sort(column, Qt::DescendingOrder);
+    }
+    folder.model.setNameFilters(QStringList("*1*"));
+    QVERIFY(waitUntil([&] { return !folder.names().contains("2"); }));
+    folder.model.clearAll();
+    folder.model.setNameFilters(QStringList());
+    QVERIFY(waitUntil([&] { return folder.names().contains("2"); }));
+    QCOMPARE(folder.names().count(), 31);
 }
 
 void tst_FileSystemProxyModel::overAnotherModelItIsAPlainProxy()

@@ -429,7 +429,6 @@ void tst_TreeScene::theItemGoesWhileItIsPressed()
     const QPoint point = scene.cell(dir.path("a.csv"));
     scene.press(point);
     delete scene.item;
-    QVERIFY(!scene.item);
     scene.release(point);
     letTimePass(20);
 }
@@ -445,7 +444,6 @@ void tst_TreeScene::theItemGoesWithAReloadPending()
     scene.item->setDirsFirst(false);
     delete scene.item;
     letTimePass(100);
-    QVERIFY(!scene.item);
 }
 
 void tst_TreeScene::theFolderGoesUnderTheTree()
