@@ -23,11 +23,7 @@ public:
                 proxyWidget = static_cast<QGraphicsProxyWidget *>(child);
         }
         if (!proxyWidget)
-<<<<<<< HEAD
             qFatal("the item holds no widget");
-=======
-            qFatal("the item has no view");
->>>>>>> 1632bce (Check both models against the contract of item models)
         view = qobject_cast<QTreeView *>(proxyWidget->widget());
         proxyModel = qobject_cast<QSortFilterProxyModel *>(view->model());
         model = qobject_cast<QFileSystemModel *>(proxyModel->sourceModel());

@@ -321,15 +321,9 @@ void tst_FileSystemProxyModel::foldersCompareByTheSizeTheModelReports()
 void tst_FileSystemProxyModel::datesCompareAsTimes()
 {
     const TestDir dir;
-<<<<<<< HEAD
-    dir.file("2 June 2013", 1, aDay + 86400);
-    dir.file("10 May 2013", 1, aDay - 22 * 86400L);
-    dir.file("1 January 2014", 1, aDay + 214 * 86400L);
-=======
     dir.file("2 June 2013", 1, aDay + day);
     dir.file("10 May 2013", 1, aDay - 22 * day);
     dir.file("1 January 2014", 1, aDay + 214 * day);
->>>>>>> 1632bce (Check both models against the contract of item models)
     SortedFolder folder(dir.path());
     QCOMPARE(folder.sorted(dateColumn), QStringList() << "10 May 2013"
                                                       << "2 June 2013"
@@ -342,11 +336,7 @@ void tst_FileSystemProxyModel::datesSortLikeDateTimes_data()
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<qint64>("start");
     QTest::addColumn<qint64>("seconds");
-<<<<<<< HEAD
-    const qint64 year = Q_INT64_C(366) * 86400;
-=======
     const qint64 year = 366 * day;
->>>>>>> 1632bce (Check both models against the contract of item models)
     QTest::newRow("a year") << QByteArray("Europe/Berlin") << qint64(aDay) << year;
     QTest::newRow("the hour that comes twice")
         << QByteArray("Europe/Berlin") << qint64(1382832000) << qint64(14400);
