@@ -5,15 +5,16 @@
 #include <QDebug>
 #include <QFile>
 
+#include <cstring>
 #include <limits>
 
 #include <sys/stat.h>
 #include <utime.h>
 
 namespace {
-// Seconds as QDateTime::toTime_t gives them, one number for all times before 1970 and after 2106.
-// QDateTime itself looks at the time zone on every conversion, which takes longer than to copy a
-// small file.
+// Seconds as Qt 5's QDateTime::toTime_t gives them: one number for all times before 1970 or after
+// 2106. QDateTime itself looks at the time zone on every conversion, which takes longer than to
+// copy a small file.
 time_t unsignedSeconds(time_t seconds)
 {
     const quint64 unknown = std::numeric_limits<quint32>::max();
@@ -22,7 +23,8 @@ time_t unsignedSeconds(time_t seconds)
 
 void copyTimes(const QString &source, const QString &destination)
 {
-    struct stat info = {};
+    struct stat info;
+    memset(&info, 0, sizeof info);
     info.st_atime = info.st_mtime = -1; // stays so when the source has vanished meanwhile
     stat(QFile::encodeName(source).constData(), &info);
     utimbuf times;

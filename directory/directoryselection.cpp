@@ -29,6 +29,8 @@ void Directory::setIsSelectedAt(int index, bool isSelected)
         return;
     File *file = m_files.at(index);
     file->setIsSelected(isSelected);
+    if (m_files.value(index) != file)
+        return; // a handler of the mark had the folder listed anew, and the item is gone
     if (isSelected)
         addSelectedFile(file);
     else
@@ -43,7 +45,8 @@ void Directory::selectAll()
         if (file->isSelected() || file->isDir())
             continue;
         file->setIsSelected(true);
-        addSelectedFile(file);
+        if (m_files.value(i) == file)
+            addSelectedFile(file);
     }
 }
 

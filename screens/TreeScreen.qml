@@ -63,7 +63,11 @@ Item {
             return "";
         if (disk.exists(Style.folderOf(tree.absoluteFilePath) + "/" + name))
             return taken(name);
-        return tree.renameFile(name) ? "" : refused(oldName, "renamed");
+        var oldPath = tree.absoluteFilePath;
+        if (!tree.renameFile(name))
+            return refused(oldName, "renamed");
+        leave(oldPath);
+        return "";
     }
 
     function namesToDelete() {
@@ -73,9 +77,20 @@ Item {
 
     function deleteMarked() {
         var name = tree.getCurrentItemName();
-        if (tree.isDirSelected())
-            return tree.deleteSelectedDir() ? "" : refused(name, "deleted: is it empty?");
-        return tree.deleteSelectedFile() ? "" : refused(name, "deleted");
+        var path = tree.absoluteFilePath;
+        var isFolder = tree.isDirSelected();
+        if (!(isFolder ? tree.deleteSelectedDir() : tree.deleteSelectedFile()))
+            return refused(name, isFolder ? "deleted: is it empty?" : "deleted");
+        leave(path);
+        return "";
+    }
+
+    // The view would select a neighbour of an entry that is gone, and the next touch of a button mean
+    // that one.
+    function leave(path) {
+        tree.clearSelection();
+        if (tree.currentFilepath === path)
+            tree.currentFilepath = Style.folderOf(path);
     }
 
     function copyTo(path) {

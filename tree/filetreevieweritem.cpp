@@ -13,6 +13,7 @@
 #include <QGraphicsProxyWidget>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QPersistentModelIndex>
 #include <QScrollBar>
 #include <QTreeView>
 
@@ -211,8 +212,10 @@ void FileTreeViewerItem::redrawView()
     m_treeView->repaint();
 }
 
-void FileTreeViewerItem::updateSelection(const QModelIndex &index)
+void FileTreeViewerItem::updateSelection(const QModelIndex &row)
 {
+    // A handler of the signals below may filter or sort the rows anew.
+    const QPersistentModelIndex index(row);
     const QModelIndex source = m_proxyModel->mapToSource(index);
     if (!isDir(index)) {
         if (source.isValid())

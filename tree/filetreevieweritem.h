@@ -128,7 +128,8 @@ signals:
     void isSelectableChanged();
 
     /** renameFile() renamed an entry: @p path is the current file path, deliberately also when the
-     * entry lies elsewhere; @p renamedFilePath is the entry's new path. */
+     * entry lies elsewhere; @p renamedFilePath is the entry's new path. Emitted while the account's
+     * user id is in force: copy or eject on the next turn of the event loop. */
     void fileRenamed(const QString &path, const QString &renamedFilePath);
 
     void openDirsChanged();
@@ -251,8 +252,10 @@ public slots:
     void listSelectedFiles();
 
     /**
-     * Renames the selected entry within its folder and emits fileRenamed(). The selection and the
-     * names in the properties are left alone.
+     * Renames the selected entry within its folder and emits fileRenamed(). The names in the
+     * properties are left alone. Call clearSelection() then: as soon as the model notices, Qt's
+     * view selects a neighbour of the old name, and the next operation would mean that one. The
+     * same goes for deleteSelectedFile() and deleteSelectedDir().
      *
      * @return whether it was renamed; false with nothing selected
      */

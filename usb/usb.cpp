@@ -8,6 +8,8 @@
 #include <QMutexLocker>
 #include <QTimer>
 
+#include <cstring>
+
 #include <sys/mount.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -21,7 +23,8 @@ const double sizeUnit = 1024.0;
 // After a failure the measuring deliberately goes on, with a record that says nothing is free.
 qint64 freeKilobytes(const QString &mountPoint, const QByteArray &slot)
 {
-    struct statvfs info = {};
+    struct statvfs info;
+    memset(&info, 0, sizeof info);
     if (statvfs(asciiPath(mountPoint).constData(), &info) != 0)
         qDebug() << ("ERROR: USB::" + slot + " Failed!").constData();
     qDebug() << "f_bsize = " << info.f_bsize;

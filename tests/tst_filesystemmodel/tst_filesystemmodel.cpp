@@ -116,7 +116,7 @@ private slots:
     void anEmptyFolderSaysThatItIsNotLoaded();
     void settersEmitNothing();
     void listSelectedFilesDoesNothing();
-    void clearAllOfANewModelTouchesOnlyTheInvalidIndex();
+    void clearAllOfANewModelLeavesTheTotalAlone();
     void subfoldersOfTheAccountsHomeArePreloaded_data();
     void subfoldersOfTheAccountsHomeArePreloaded();
     void preloadingGoesOneLevelPerLoadedFolder();
@@ -440,16 +440,22 @@ void tst_FileSystemModel::listSelectedFilesDoesNothing()
     QCOMPARE(model.checkedFilesKB(), quint64(10));
 }
 
-void tst_FileSystemModel::clearAllOfANewModelTouchesOnlyTheInvalidIndex()
+void tst_FileSystemModel::clearAllOfANewModelLeavesTheTotalAlone()
 {
     FileSystemModel model;
     SignalLog log(&model);
     DebugLog debug;
     model.clearAll();
+#if QT_VERSION < 0x050000
+    // There a new model has rows: the root and those on the way to the working directory.
+    QVERIFY(log.count("dataChanged") > 1);
+    QCOMPARE(log.count("checkedFilesKBChanged"), log.count("dataChanged"));
+#else
     QCOMPARE(log.names(), QStringList() << "dataChanged"
                                         << "checkedFilesKBChanged");
     QCOMPARE(debug.lines().count(), 2);
     QCOMPARE(debug.lines().first(), QString("Remove Size  \"\" = 0"));
+#endif
     QCOMPARE(model.checkedFilesKB(), quint64(0));
 }
 

@@ -66,6 +66,7 @@ class tst_TreeScene : public QObject
 
 private slots:
     void theTreeFillsTheItem();
+    void aRootSetLongAfterTheItemIsShown();
     void aPressActsBeforeTheRelease();
     void aTouchOnAFolderOpensAndClosesIt();
     void aTouchOnTheDateOfAFolderOpensAndClosesItToo();
@@ -98,6 +99,20 @@ void tst_TreeScene::theTreeFillsTheItem()
     QCOMPARE(parts.view->size(), QSize(600, 400));
     QCOMPARE(parts.proxyWidget->pos(), QPointF(0, 0));
     QVERIFY(parts.view->isVisible());
+}
+
+// A screen that sets the root at the touch of a button: Qt 4.8 used to crash, nearly each time.
+void tst_TreeScene::aRootSetLongAfterTheItemIsShown()
+{
+    const TestDir dir;
+    dir.file("a.csv", 10);
+    dir.folder("soil");
+    for (int i = 0; i < 5; ++i) {
+        TreeScene scene;
+        letTimePass(300);
+        QVERIFY(scene.show(dir.path(), "soil a.csv"));
+        QCOMPARE(scene.item->currentFilepath(), dir.path());
+    }
 }
 
 void tst_TreeScene::aPressActsBeforeTheRelease()
