@@ -131,10 +131,12 @@ void listAgain(benchmark::State &state, const Order &order, int count, bool oneC
     QSignalSpy filesChanged(directory.get(), SIGNAL(filesChanged()));
     const Step refreshing = {[&] {
                                  if (oneChanges)
-                                     folder.resizeOne();
+                                     folder.resizeOne(1);
                              },
                              [&] { directory->refresh(); }};
     measure(state, floorOf(folder), refreshing, [&] {
+        if (oneChanges)
+            folder.resizeOne(-1);
         if (!filesChanged.isEmpty())
             return QString::fromLatin1("announces a change of files");
         return difference(shownNames(directory.get()), namesInOrder(folder, order));
@@ -207,8 +209,10 @@ int main(int argc, char **argv)
             addListing(order, zone, usualCount, goal);
     }
     const Order &byDate = orders[2];
-    for (int count : {100, 1000, 100000})
-        addListing(byDate, zoneSet, count, goal);
+    // The time of a few entries is that of the steps before the first; nobody sees it.
+    for (int count : {100, 1000})
+        addListing(byDate, zoneSet, count, 0);
+    addListing(byDate, zoneSet, 10 * usualCount, goal);
     addRelistings();
     const int result = runBenchmarks(argc, argv);
     contenders().clear(); // before the application that they need

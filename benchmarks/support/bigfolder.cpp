@@ -19,7 +19,7 @@ const QDir::Filters listedEntries = QDir::Dirs | QDir::Files | QDir::Drives | QD
 namespace {
 const int entriesPerFolder = 100;
 const time_t newest = 1719792000; // 1 July 2024
-const int secondsBetween = 61;    // all in one summer, see the peers' ways with repeated hours
+const int secondsBetween = 61; // all in one summer: who sorts differs on an hour that comes twice
 
 void need(bool done, const QByteArray &what)
 {
@@ -72,12 +72,12 @@ QStringList BigFolder::names(QDir::SortFlags flags) const
     return QDir(m_path).entryList(listedEntries, flags);
 }
 
-void BigFolder::resizeOne() const
+void BigFolder::resizeOne(int bytes) const
 {
     const QByteArray path = QFile::encodeName(m_path + QLatin1String("/log_000002.csv"));
     struct stat info;
     need(stat(path.constData(), &info) == 0, path);
-    need(truncate(path.constData(), info.st_size + 1) == 0, path);
+    need(truncate(path.constData(), info.st_size + bytes) == 0, path);
     const timespec times[] = {info.st_atim, info.st_mtim};
     need(utimensat(AT_FDCWD, path.constData(), times, 0) == 0, path);
 }

@@ -30,8 +30,8 @@ public:
     /** The names in the order that QDir gives them. */
     QStringList names(QDir::SortFlags flags) const;
 
-    /** Gives one file another size, and its time back. */
-    void resizeOne() const;
+    /** Makes one file @p bytes longer and gives it its time back. */
+    void resizeOne(int bytes) const;
 
     /** Reads the folder and the information of each entry, and nothing else. */
     void readWithNothingElse() const;
