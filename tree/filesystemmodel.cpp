@@ -33,8 +33,8 @@ FileSystemModel::FileSystemModel(QObject *parent)
 {
     setNameFilterDisables(false);
 #if QT_VERSION < 0x050000
-    // That sorts later, and Qt 4.8 makes the root's own rows in the middle of it, behind the back of a
-    // proxy that is attached by then: a crash. Made now, they are rows like any other.
+    // That sorts later, and Qt 4.8 makes the root's own rows in the middle of it, behind the back
+    // of a proxy that is attached by then: a crash. Made now, they are rows like any other.
     index(rootPath());
 #endif
     connect(this, SIGNAL(directoryLoaded(QString)), this, SLOT(readDirectory(QString)));
