@@ -382,15 +382,14 @@ void tst_FileSystemProxyModel::aChangedDateMovesItsRow()
     dir.file("c", 1, aDay + 20);
     SortedFolder folder(dir.path());
     QCOMPARE(folder.sorted(dateColumn).join(" "), QString("a b c"));
-    // The folder is watched, its files are not; and Qt 4.8 sees new permissions only.
+    // Qt 4.8 sees a new time only together with new permissions. Nothing else happens to the
+    // folder: a row that comes or goes would sort it afresh.
     setTimes(dir.path("a"), aDay, aDay + 15);
     chmod(dir.path("a").toLocal8Bit(), 0600);
-    dir.file("new", 1, aDay - 10);
-    QVERIFY(waitUntil([&] { return folder.names().join(" ") == "new b a c"; }));
+    QVERIFY(waitUntil([&] { return folder.names().join(" ") == "b a c"; }));
     setTimes(dir.path("c"), aDay, aDay);
     chmod(dir.path("c").toLocal8Bit(), 0600);
-    dir.file("newer", 1, aDay - 5);
-    QVERIFY(waitUntil([&] { return folder.names().join(" ") == "new newer c b a"; }));
+    QVERIFY(waitUntil([&] { return folder.names().join(" ") == "c b a"; }));
 }
 
 void tst_FileSystemProxyModel::newFilesFallIntoPlace()
