@@ -15,6 +15,7 @@ namespace {
 struct SortItem
 {
     quint64 key;         ///< decides, smallest first, unless it is equal
+    quint64 nextKey;     ///< decides then, unless it is equal too
     const QString *name; ///< as compared
     int index;           ///< of the entry
     int group;           ///< of folders or files, the smaller comes first whatever the key
@@ -39,14 +40,26 @@ quint64 timeKey(const FolderEntry &entry)
 #endif
 }
 
-/** The four characters of @p name from @p start on: names that differ in them need no look at the
- * rest. */
-quint64 nameKey(const QString &name, int start)
+/**
+ * Makes keys of the sixteen characters of the name from @p start on: names that differ in them need
+ * no look at the rest. A character that a byte can't tell from others ends them.
+ */
+void setNameKeys(SortItem *item, int start)
 {
-    quint64 key = 0;
-    for (int i = start; i < start + 4; ++i)
-        key = key << 16 | (i < name.size() ? name.at(i).unicode() : 0);
-    return key;
+    const int perKey = 8;
+    const ushort beyond = 0xff;
+    quint64 keys[] = {0, 0};
+    const QString &name = *item->name;
+    const int end = qMin(name.size(), start + 2 * perKey);
+    for (int i = start; i < end; ++i) {
+        const quint64 character = qMin(name.at(i).unicode(), beyond);
+        const int place = i - start;
+        keys[place / perKey] |= character << 8 * (perKey - 1 - place % perKey);
+        if (character == beyond)
+            break;
+    }
+    item->key = keys[0];
+    item->nextKey = keys[1];
 }
 
 /** Length of what all names have in common in front, as log files do. */
@@ -82,7 +95,7 @@ void setKeys(QVector<SortItem> *items, const QVector<FolderEntry> &entries, QDir
         else if (order == QDir::Size)
             item.key = largestFirst(entries.at(item.index).size);
         else
-            item.key = nameKey(*item.name, start);
+            setNameKeys(&item, start);
     }
 }
 
@@ -100,6 +113,8 @@ public:
             return left.group < right.group;
         if (left.key != right.key)
             return (left.key < right.key) != m_reversed;
+        if (left.nextKey != right.nextKey)
+            return (left.nextKey < right.nextKey) != m_reversed;
         const qint64 order = compareNames(left, right);
         return m_reversed ? order > 0 : order < 0;
     }
@@ -141,7 +156,7 @@ void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
     items.reserve(entries->size());
     for (int i = 0; i < entries->size(); ++i) {
         const FolderEntry &entry = entries->at(i);
-        const SortItem item = {0, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), i,
+        const SortItem item = {0, 0, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), i,
                                groupOf(entry, flags)};
         items.append(item);
     }

@@ -63,6 +63,7 @@ private slots:
     void newestAndLargestComeFirst();
     void everyOrderIsThatOfQDir_data();
     void everyOrderIsThatOfQDir();
+    void longNamesOfAnyLettersAreInTheOrderOfQDir();
     void timesAroundTheEndOfSummerTimeAreInTheOrderOfQDir();
 };
 
@@ -117,6 +118,26 @@ void tst_EntryOrder::everyOrderIsThatOfQDir()
         const QStringList expected = QDir(dir.path()).entryList(listed, order);
         QVERIFY(expected.size() > 100);
         QCOMPARE(sortedNames(dir.path(), order), expected);
+    }
+}
+
+// Long ones that start alike, with letters on both sides of what fits into a byte.
+void tst_EntryOrder::longNamesOfAnyLettersAreInTheOrderOfQDir()
+{
+    const QString letters = QString::fromUtf8("az\303\276\303\277\304\200\304\201\320\266");
+    srand(1);
+    for (int folder = 0; folder < 20; ++folder) {
+        const TestDir dir;
+        for (int i = 0; i < 300; ++i) {
+            QString name(rand() % 20, QLatin1Char('a'));
+            for (int length = 1 + rand() % 4; length > 0; --length)
+                name += letters.at(rand() % letters.size());
+            dir.file(name);
+        }
+        QCOMPARE(sortedNames(dir.path(), QDir::Name),
+                 QDir(dir.path()).entryList(listed, QDir::Name));
+        const QDir::SortFlags reversed = QDir::Name | QDir::IgnoreCase | QDir::Reversed;
+        QCOMPARE(sortedNames(dir.path(), reversed), QDir(dir.path()).entryList(listed, reversed));
     }
 }
 
