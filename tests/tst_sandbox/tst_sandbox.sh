@@ -151,7 +151,7 @@ the_machines_own_disk_is_no_stick() {
     same "what is left of a container's own files" "$(inside "$own_disk
         mount --bind '/home/own disk/file' /etc/group && umount '/home/own disk'
         instrument sh -c '$table; cmp /etc/group -'; cat /etc/group" <"/etc/group")" before
-    if unshare --user true 2>/dev/null; then
+    if instrument unshare --user true 2>/dev/null; then
         has "what somebody else is told" "$(inside "$own_disk
             unshare --map-root-user instrument true; echo \$?")" "use sudo
 125"
