@@ -53,7 +53,8 @@ public:
 
     Qt::ItemFlags flags(const QModelIndex &index) const override
     {
-        return index.isValid() ? FileSystemModel::flags(index) : QFileSystemModel::flags(index);
+        const Qt::ItemFlags all = FileSystemModel::flags(index);
+        return index.isValid() ? all : all & ~Qt::ItemIsUserCheckable;
     }
 
     bool canFetchMore(const QModelIndex &parent) const override
