@@ -176,10 +176,28 @@ private:
             (*tree)->checkAll();
     }
 
-    template <typename Type>
-    Step opening(std::unique_ptr<Type> *tree) const
+    /** What is left to do for a tree of before would be done, and timed, with the next one. */
+    void clear()
     {
-        return {[=] { tree->reset(new Type(m_folder.path())); }, [=] { (*tree)->open(count); }};
+        m_plain.reset();
+        m_ours.reset();
+    }
+
+    template <typename Type>
+    void loadAlone(std::unique_ptr<Type> *tree, bool checked)
+    {
+        clear();
+        load(tree, checked);
+    }
+
+    template <typename Type>
+    Step opening(std::unique_ptr<Type> *tree)
+    {
+        return {[=] {
+                    clear();
+                    tree->reset(new Type(m_folder.path()));
+                },
+                [=] { (*tree)->open(count); }};
     }
 
     template <typename Type>
@@ -196,13 +214,13 @@ private:
     template <typename Type>
     Step checking(std::unique_ptr<Type> *tree)
     {
-        return {[=] { load(tree, false); }, [=] { (*tree)->checkAll(); }};
+        return {[=] { loadAlone(tree, false); }, [=] { (*tree)->checkAll(); }};
     }
 
     template <typename Type>
     Step filtering(std::unique_ptr<Type> *tree)
     {
-        return {[=] { load(tree, false); },
+        return {[=] { loadAlone(tree, false); },
                 [=] { (*tree)->filter(QStringList(QLatin1String("*7.csv")), m_filteredRows); }};
     }
 
@@ -212,7 +230,7 @@ private:
         const QString path = m_folder.path() + QLatin1String("/new.csv");
         return {[=] {
                     QFile::remove(path);
-                    load(tree, true);
+                    loadAlone(tree, true);
                 },
                 [=] {
                     QFile file(path);
@@ -226,11 +244,6 @@ private:
     void add(const std::string &task, const Step &plain, const Step &ours,
              const std::function<QString()> &check)
     {
-        // A task finds no tree of another's.
-        const auto clear = [this] {
-            m_plain.reset();
-            m_ours.reset();
-        };
         addBenchmark(task, "reference: Qt's models", 0, aFifth, [=](benchmark::State &state) {
             measure(state, plain, plain, [] { return QString(); });
             clear();

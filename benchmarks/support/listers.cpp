@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDeclarativeComponent>
 #include <QDeclarativeEngine>
+#include <QElapsedTimer>
 #include <QFileSystemModel>
 #include <QRegExp>
 #include <QUrl>
@@ -121,7 +122,7 @@ public:
         m_model->setProperty("showDirsFirst", order.sortType == Directory::kind);
         m_model->setProperty("sortField", fields[order.sortType]);
         m_model->setProperty("sortReversed", order.descending);
-        QCoreApplication::processEvents();
+        letItsThreadFinish();
     }
 
     void list(const QString &folder, int count) override
@@ -135,6 +136,17 @@ public:
     }
 
 private:
+    /** Each property set starts a reading of its own, whose result could pass for the next one's.
+     */
+    static void letItsThreadFinish()
+    {
+        const int quietMs = 30;
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < quietMs)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, quietMs);
+    }
+
     void setFolder(const QString &folder, int count)
     {
         m_model->setProperty("folder", QUrl::fromLocalFile(folder));
