@@ -103,7 +103,7 @@ the_machine_outside_stays_as_it_is() {
 }
 
 another_user_gets_there_too() {
-    if [ "$(id -u)" -ne 0 ] || ! unshare --user true 2>/dev/null; then
+    if [ "$(id -u)" -ne 0 ] || ! instrument unshare --user true 2>/dev/null; then
         echo "SKIP   : $case: only the machine's root can become that user"
         return
     fi
