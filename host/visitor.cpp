@@ -2,9 +2,10 @@
 
 #include "host/shownitems.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QMap>
+#include <QTimer>
 #include <QVariant>
 
 #include <functional>
@@ -21,14 +22,9 @@ bool waitUntil(const std::function<bool()> &condition, int ms)
         if (time.elapsed() > ms) {
             return false;
         }
-        QApplication::processEvents(QEventLoop::AllEvents, frameMs);
+        Visitor::rests(frameMs);
     }
     return true;
-}
-
-bool never()
-{
-    return false;
 }
 } // namespace
 
@@ -58,14 +54,15 @@ bool Visitor::misses(const QString &name)
     return waitUntil([&] { return shownItems(m_viewer, name).isEmpty(); }, patienceMs);
 }
 
-// Items get their places when the scene is drawn next: one that stood there twice has arrived.
+// Items get their places when the scene is drawn next: one that stands where it stood a frame ago has
+// arrived. Before, all tabs lie on top of each other.
 bool Visitor::taps(const QString &name)
 {
     QRectF lastPlace;
     const bool isInReach = waitUntil(
         [&] {
             const ShownItem item = shownItem(m_viewer, name);
-            const bool isAtRest = item.object && item.place == lastPlace;
+            const bool isAtRest = !item.place.isEmpty() && item.place == lastPlace;
             lastPlace = item.place;
             return isAtRest && item.object->property("enabled").toBool() &&
                    QRectF(m_viewer.rect()).contains(item.place.center());
@@ -124,5 +121,7 @@ QStringList Visitor::names(const QString &beginning) const
 
 void Visitor::rests(int ms)
 {
-    waitUntil(never, ms);
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, SLOT(quit()));
+    loop.exec();
 }
