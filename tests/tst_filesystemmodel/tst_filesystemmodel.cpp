@@ -319,6 +319,13 @@ void tst_FileSystemModel::checkingAFolderTellsEveryRowLowestFirst()
     QVERIFY(load(model, dir.path()));
     QVERIFY(load(model, dir.path("soil")));
 
+    // Qt's model sorts its rows some time after they are loaded.
+    QStringList rows;
+    const QModelIndex folder = model.index(dir.path("soil"));
+    for (int row = 0; row < model.rowCount(folder); ++row)
+        rows << model.filePath(model.index(row, 0, folder));
+    QCOMPARE(rows.count(), 2);
+
     SignalLog log(&model);
     const ChangedRows changed(model);
     check(model, dir.path("soil"));
@@ -328,8 +335,7 @@ void tst_FileSystemModel::checkingAFolderTellsEveryRowLowestFirst()
         expected << "dataChanged"
                  << "checkedFilesKBChanged";
     QCOMPARE(log.names(), expected);
-    QCOMPARE(changed.paths,
-             QStringList() << dir.path("soil/a.csv") << dir.path("soil/b.csv") << dir.path("soil"));
+    QCOMPARE(changed.paths, rows << dir.path("soil"));
     QCOMPARE(model.checkedFilesKB(), quint64(120 + QFileInfo(dir.path("soil")).size()));
 }
 
