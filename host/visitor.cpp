@@ -54,8 +54,8 @@ bool Visitor::misses(const QString &name)
     return waitUntil([&] { return shownItems(m_viewer, name).isEmpty(); }, patienceMs);
 }
 
-// Items get their places when the scene is drawn next: one that stands where it stood a frame ago has
-// arrived. Before, all tabs lie on top of each other.
+// Items get their places when the scene is drawn next: one that stands where it stood a frame ago
+// has arrived. Before, all tabs lie on top of each other.
 bool Visitor::taps(const QString &name)
 {
     QRectF lastPlace;
