@@ -40,7 +40,6 @@ void Finger::drag(const QPoint &from, const QPoint &to)
         send(QEvent::MouseMove, from + (to - from) * step / dragSteps);
     }
     letTimePass(restMs);
-    send(QEvent::MouseMove, to);
     send(QEvent::MouseButtonRelease, to);
 }
 
