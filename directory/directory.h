@@ -36,9 +36,9 @@
  * Two things a screen has to know:
  * - filesChanged() and pathsChanged(), and at times an item's isSelectedChanged(), are emitted
  * while the object's mutex is held. A handler that calls getIndex(), refresh(),
- * updateSelectedFiles() or a file operation blocks for ever. Act on the next turn of the event loop
- * instead, for instance with a Timer of interval 1 (one of interval 0 fires inside the call that
- * starts it on Qt 4.8).
+ * updateSelectedFiles() or a file operation blocks for ever. Act when the call that listed anew has
+ * returned. A Timer is no way out: on Qt 4.8 it also fires inside a signal, when a handler of that
+ * starts an animation, as a ListView with a new model does.
  * - Indexes in isDir(), selectFile(), renameFile() and deleteFile() count the entries of the
  * folder, those in files and setIsSelectedAt() the entries shown. They differ while a name filter
  * hides files.

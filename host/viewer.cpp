@@ -9,18 +9,24 @@
 #include <QDeclarativeItem>
 #include <QFont>
 #include <QStringList>
+#include <QTimer>
 #include <QUrl>
 #include <QVariant>
 
 namespace {
 const QSize screenSize(800, 480); // the instrument's display
 const int fontPixels = 16;
+const int drawingMs = 100; // what is shown now is on the display by then
 } // namespace
 
 Viewer::Viewer(const QString &imports)
 {
     engine()->addImportPath(imports);
     rootContext()->setContextProperty("account", new AccountCheck(this));
+    QTimer *afterDrawing = new QTimer(this);
+    afterDrawing->setSingleShot(true);
+    afterDrawing->setInterval(drawingMs);
+    rootContext()->setContextProperty("afterDrawing", afterDrawing);
     setResizeMode(SizeRootObjectToView);
     setWindowTitle("File browser");
     setFixedSize(screenSize);

@@ -8,6 +8,9 @@
 /**
  * The window that stands in for the instrument's user-interface process: a declarative engine that
  * finds the module by its import path, as the instrument's does, and shows the screens.
+ *
+ * It gives them two context properties: "account", an AccountCheck, and "afterDrawing", a QTimer
+ * for one turn of the event loop after what is shown at its start() has been drawn.
  */
 class Viewer : public QDeclarativeView
 {

@@ -32,6 +32,7 @@ Item {
             programs.viewScriptDirectory();
         listing.currentPath = listing.root;
         listing.refresh();
+        listing.updateSelectedFiles();
     }
 
     // Each of the following returns what went wrong, or nothing.
@@ -123,7 +124,7 @@ Item {
         id: breadcrumb
         width: parent.width
         height: 44
-        directory: screen.listing
+        listing: screen.listing
     }
 
     SortBar {
@@ -131,7 +132,7 @@ Item {
         anchors.top: breadcrumb.bottom
         width: parent.width
         height: 44
-        directory: screen.listing
+        listing: screen.listing
     }
 
     FileList {

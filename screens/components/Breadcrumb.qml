@@ -5,13 +5,13 @@ import "style.js" as Style
 ListView {
     id: breadcrumb
 
-    property QtObject directory
+    property QtObject listing
 
     clip: true
     orientation: ListView.Horizontal
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentWidth > width
-    model: directory.paths
+    model: listing.paths
     onModelChanged: toEnd.restart()
 
     delegate: Item {
@@ -51,7 +51,7 @@ ListView {
         MouseArea {
             id: area
             anchors.fill: parent
-            onClicked: breadcrumb.directory.selectPath(modelData.fullpath)
+            onClicked: breadcrumb.listing.open(modelData.fullpath)
         }
     }
 

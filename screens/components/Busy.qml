@@ -13,7 +13,7 @@ Overlay {
     function start(announcement) {
         text = announcement;
         isOpen = true;
-        afterDrawing.restart();
+        afterDrawing.start();
     }
 
     Rectangle {
@@ -31,12 +31,12 @@ Overlay {
         }
     }
 
-    Timer {
-        id: afterDrawing
-        interval: 100
-        onTriggered: {
-            busy.ready();
-            busy.isOpen = false;
-        }
+    function finish() {
+        ready();
+        isOpen = false;
     }
+
+    // The user-interface process's own QTimer. On Qt 4.8 a Timer also fires inside a signal whose handlers
+    // start an animation, and a Directory is locked while it lists: a copy begun there would wait for ever.
+    Component.onCompleted: afterDrawing.timeout.connect(finish)
 }

@@ -24,7 +24,7 @@ Item {
         delegate: FileRow {
             width: view.width
             file: modelData
-            onOpened: fileList.listing.selectPath(fileList.listing.pathOf(name))
+            onOpened: fileList.listing.open(fileList.listing.pathOf(name))
             onMarked: fileList.listing.mark(index, on)
         }
 

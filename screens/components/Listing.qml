@@ -2,8 +2,8 @@ import QtQuick 1.1
 import FileBrowser 1.0 as Fb
 import "style.js" as Style
 
-// A Directory with what a screen needs beside it: a count of the marked entries, and marks that are
-// never out of date.
+// A Directory with what a screen needs beside it: a count of the marked entries, and marks that are up
+// to date where they matter. By itself a new list gets its marks 200 ms late.
 Fb.Directory {
     id: listing
 
@@ -13,22 +13,20 @@ Fb.Directory {
     // selectedFilesKB has a signal of its own that marking does not send.
     property int markedKB: 0
 
-    // filesChanged() comes while the object is locked: a call from its handler that needs the lock would
-    // wait for ever. The next turn of the event loop is soon enough.
-    property QtObject afterwards: Timer {
-        interval: 1
-        onTriggered: listing.updateSelectedFiles()
-    }
-    onFilesChanged: afterwards.restart()
-
     onSelectedFilesChanged: {
         markedKB = selectedFilesKB;
         if (selectedFiles === "")
             markedCount = 0;
     }
 
+    function open(path) {
+        selectPath(path);
+        updateSelectedFiles();
+    }
+
     // Marking an entry twice would count its size twice.
     function mark(index, on) {
+        updateSelectedFiles();
         if (files[index].isSelected === on)
             return;
         markedCount += on ? 1 : -1;
@@ -36,6 +34,7 @@ Fb.Directory {
     }
 
     function markAll() {
+        updateSelectedFiles();
         var shown = files;
         for (var i = 0; i < shown.length; ++i) {
             if (!shown[i].isDir && !shown[i].isSelected)
@@ -46,6 +45,7 @@ Fb.Directory {
 
     // Names of the marked entries that are shown.
     function markedNames() {
+        updateSelectedFiles();
         var shown = files;
         var names = [];
         for (var i = 0; i < shown.length; ++i) {

@@ -5,43 +5,48 @@ import "style.js" as Style
 Row {
     id: bar
 
-    property QtObject directory
-    property bool ascending: directory.ascendingSorted
+    property QtObject listing
+    property bool ascending: listing.ascendingSorted
+
+    function sort(reorder) {
+        reorder();
+        listing.updateSelectedFiles();
+    }
 
     // Ascending puts folders and small letters first, but new dates and large sizes.
     Heading {
         width: 84
         height: bar.height
         text: "Kind"
-        isSorted: bar.directory.typeSorted
+        isSorted: bar.listing.typeSorted
         isSmallOnTop: bar.ascending
-        onClicked: bar.directory.reorderByType()
+        onClicked: bar.sort(bar.listing.reorderByType)
     }
 
     Heading {
         width: bar.width - 84 - 108 - 106
         height: bar.height
         text: "Name"
-        isSorted: bar.directory.nameSorted
+        isSorted: bar.listing.nameSorted
         isSmallOnTop: bar.ascending
-        onClicked: bar.directory.reorderByName()
+        onClicked: bar.sort(bar.listing.reorderByName)
     }
 
     Heading {
         width: 108
         height: bar.height
         text: "Date"
-        isSorted: bar.directory.dateSorted
+        isSorted: bar.listing.dateSorted
         isSmallOnTop: !bar.ascending
-        onClicked: bar.directory.reorderByDate()
+        onClicked: bar.sort(bar.listing.reorderByDate)
     }
 
     Heading {
         width: 106
         height: bar.height
         text: "Size"
-        isSorted: bar.directory.sizeSorted
+        isSorted: bar.listing.sizeSorted
         isSmallOnTop: !bar.ascending
-        onClicked: bar.directory.reorderBySize()
+        onClicked: bar.sort(bar.listing.reorderBySize)
     }
 }

@@ -7,7 +7,9 @@
 #include "support/testdir.h"
 #include "support/waiting.h"
 
+#include <QDeclarativeItem>
 #include <QFile>
+#include <QMetaObject>
 #include <QScopedPointer>
 #include <QStringList>
 #include <QVariant>
@@ -62,6 +64,17 @@ public:
     {
         waitUntil([&] { return m_visitor.names("row:") == expected; });
         return m_visitor.names("row:");
+    }
+
+    /** Lists the folders of all lists anew, as an operation does a while after it. */
+    void listAnew()
+    {
+        const QList<QObject *> children = m_viewer.rootObject()->findChildren<QObject *>();
+        for (QObject *child : children) {
+            if (child->inherits("Directory")) {
+                QMetaObject::invokeMethod(child, "updateDirectory");
+            }
+        }
     }
 
     /** The text of the item @p name that is shown now. */

@@ -47,6 +47,7 @@ private slots:
 
     void copiesToAStickAndSaysSo();
     void namesWhatWasNotCopied();
+    void aFolderListedAnewWhenACopyIsDueHangsNothing();
     void asksForASelectionBeforeCopying();
     void tellsWhenAStickCanBePulled();
     void tellsThatAStickIsStillInUse();
@@ -460,6 +461,24 @@ void TestScreens::namesWhatWasNotCopied()
     QVERIFY(screens->taps("copy:B"));
     QVERIFY(screens->sees("noticeText", "Not copied to Field Data: a.csv soil"));
     QCOMPARE(QFileInfo(stick.path("a.csv")).size(), qint64(0));
+}
+
+// Qt 4.8 lets timers that are due fire inside the signals of a listing, while the object is locked.
+void TestScreens::aFolderListedAnewWhenACopyIsDueHangsNothing()
+{
+    const DataFolder logs("logs");
+    logs->file("a.csv");
+    const Stick stick("/dev/sda1", stickPath);
+    Screens screens;
+    QVERIFY(screens->sees("stickName", "Field Data"));
+    QVERIFY(screens->taps("mark:a.csv"));
+    QVERIFY(screens->taps("copy:A"));
+    QVERIFY(screens->sees("busyText", "Copying"));
+    Visitor::rests(20);
+    QTest::qSleep(300); // longer than the screen waits for the drawing
+    screens.listAnew();
+    QVERIFY(screens->sees("noticeText", "1 entry copied to Field Data"));
+    QVERIFY(QFileInfo(stick.path("a.csv")).exists());
 }
 
 void TestScreens::asksForASelectionBeforeCopying()
