@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QTextStream>
 
 #include <cstring>
 
@@ -53,6 +54,18 @@ Found readWithMntent(const QString &path)
     return found;
 }
 
+/** The lines as the plugin takes them, and nothing done with them. */
+int readWithTextStream(const QString &path)
+{
+    QFile table(path);
+    table.open(QIODevice::ReadOnly | QIODevice::Text);
+    QTextStream stream(&table);
+    int lines = 0;
+    while (!stream.readLine().isNull())
+        ++lines;
+    return lines;
+}
+
 MountedSticks readWithPlugin(const QString &path)
 {
     QFile table(path);
@@ -72,6 +85,12 @@ void addScan(const char *count, int lines)
             const bool right = found.a == "/media/Stick A" && found.b == "/media/Stick B";
             return right ? QString() : QLatin1String("finds others");
         });
+    });
+    addBenchmark(task, "QTextStream alone", 0, aThird, [=](benchmark::State &state) {
+        int found = 0;
+        const Step scan = step([&] { found = readWithTextStream(path); });
+        measure(state, floor, scan,
+                [&] { return found == lines ? QString() : QLatin1String("reads others"); });
     });
     addBenchmark(task, plugin, goal, allRounds, [=](benchmark::State &state) {
         MountedSticks sticks;
