@@ -1,6 +1,5 @@
 #include "directory/directory.h"
 
-#include "directory/entryorder.h"
 #include "directory/modificationdates.h"
 
 #include "common/datafolders.h"
@@ -78,8 +77,7 @@ bool Directory::readCurrentFolder()
         qDebug() << "WARNING: " << QDir::currentPath() << " not readable!";
         return true;
     }
-    m_entries = readFolder(m_dir.absolutePath());
-    sortEntries(&m_entries, sortFlags());
+    m_listing.read(m_dir.absolutePath(), sortFlags());
     return true;
 }
 
@@ -103,9 +101,9 @@ QDir::SortFlags Directory::sortFlags() const
 QVector<FolderEntry> Directory::shownEntries() const
 {
     if (m_filters.isEmpty())
-        return m_entries;
+        return m_listing.entries();
     QVector<FolderEntry> entries;
-    for (const FolderEntry &entry : m_entries) {
+    for (const FolderEntry &entry : m_listing.entries()) {
         if (entry.isDir || filter(entry.name))
             entries.append(entry);
     }
@@ -220,19 +218,20 @@ void Directory::selectPath(QString newpath)
 
 void Directory::selectFile(int index)
 {
-    if (!isEntry(index) || !m_entries.at(index).isDir || !m_dir.cd(m_entries.at(index).name))
+    if (!isEntry(index) || !m_listing.entries().at(index).isDir ||
+        !m_dir.cd(m_listing.entries().at(index).name))
         return;
     setCurrentPath(m_dir.absolutePath());
 }
 
 bool Directory::isDir(int index)
 {
-    return isEntry(index) && m_entries.at(index).isDir;
+    return isEntry(index) && m_listing.entries().at(index).isDir;
 }
 
 bool Directory::isEntry(int index) const
 {
-    return index >= 0 && index < m_entries.size();
+    return index >= 0 && index < m_listing.entries().size();
 }
 
 int Directory::getIndex(QString filename)

@@ -2,7 +2,7 @@
 #define DIRECTORY_H
 
 #include "directory/file.h"
-#include "directory/folderreader.h"
+#include "directory/folderlisting.h"
 #include "directory/path.h"
 
 #include <QDir>
@@ -364,8 +364,8 @@ private:
     static QString *filterAt(QDeclarativeListProperty<QString> *list, int index);
     static int filterSize(QDeclarativeListProperty<QString> *list);
 
-    QDir m_dir; // on the current path since the last listing that could enter it
-    QVector<FolderEntry> m_entries; // the folder as last read, in order, before filtering
+    QDir m_dir;              // on the current path since the last listing that could enter it
+    FolderListing m_listing; // of the folder that was last read, before filtering
     QString m_root;
     QString m_currentPath;
     SortType m_sortType;

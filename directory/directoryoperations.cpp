@@ -51,7 +51,7 @@ bool Directory::deleteFile(int index)
     if (!isEntry(index))
         return false;
     PrivilegeDropGuard guard;
-    const FolderEntry &entry = m_entries.at(index);
+    const FolderEntry &entry = m_listing.entries().at(index);
     const bool removed = entry.isDir ? m_dir.rmdir(entry.name) : m_dir.remove(entry.name);
     scheduleRefresh();
     return removed;
@@ -63,7 +63,7 @@ bool Directory::renameFile(int index, QString name)
     PrivilegeDropGuard guard;
     if (!isEntry(index))
         return false;
-    const bool renamed = m_dir.rename(m_entries.at(index).name, name);
+    const bool renamed = m_dir.rename(m_listing.entries().at(index).name, name);
     scheduleRefresh();
     return renamed;
 }

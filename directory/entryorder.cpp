@@ -1,9 +1,8 @@
 #include "directory/entryorder.h"
 
-#include "directory/modificationdates.h"
+#include "directory/wallclock.h"
 
 #include <algorithm>
-#include <utility>
 
 #include <QtAlgorithms>
 
@@ -29,14 +28,15 @@ quint64 largestFirst(qint64 number)
 
 // QDir compares whole seconds on Qt 4.8, and on Qt 5 the milliseconds of the local clock, so that
 // the hour before and the hour after the end of summer time fall together.
-quint64 timeKey(const FolderEntry &entry)
+quint64 timeKey(const FolderEntry &entry, WallClock *clock)
 {
     if (entry.modified == noTime)
         return largestFirst(0);
 #if QT_VERSION < 0x050000
+    Q_UNUSED(clock);
     return largestFirst(entry.modified / 1000);
 #else
-    return largestFirst(wallClock(entry.modified));
+    return largestFirst(clock->at(entry.modified));
 #endif
 }
 
@@ -89,9 +89,10 @@ void setKeys(QVector<SortItem> *items, const QVector<FolderEntry> &entries, QDir
 {
     const int order = flags & QDir::SortByMask;
     const int start = order == QDir::Name ? commonLength(*items) : 0;
+    WallClock clock;
     for (SortItem &item : *items) {
         if (order == QDir::Time)
-            item.key = timeKey(entries.at(item.index));
+            item.key = timeKey(entries.at(item.index), &clock);
         else if (order == QDir::Size)
             item.key = largestFirst(entries.at(item.index).size);
         else
@@ -145,22 +146,21 @@ QVector<QString> lowerCaseNames(const QVector<FolderEntry> &entries)
 }
 } // namespace
 
-void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
+QVector<FolderEntry> sortedEntries(const QVector<FolderEntry> &entries, QDir::SortFlags flags)
 {
-    if (entries->isEmpty())
-        return;
-    refreshTimeZone();
+    if (entries.isEmpty())
+        return entries;
     const QVector<QString> lowerCase =
-        flags & QDir::IgnoreCase ? lowerCaseNames(*entries) : QVector<QString>();
+        flags & QDir::IgnoreCase ? lowerCaseNames(entries) : QVector<QString>();
     QVector<SortItem> items;
-    items.reserve(entries->size());
-    for (int i = 0; i < entries->size(); ++i) {
-        const FolderEntry &entry = entries->at(i);
+    items.reserve(entries.size());
+    for (int i = 0; i < entries.size(); ++i) {
+        const FolderEntry &entry = entries.at(i);
         const SortItem item = {0, 0, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), i,
                                groupOf(entry, flags)};
         items.append(item);
     }
-    setKeys(&items, *entries, flags);
+    setKeys(&items, entries, flags);
 
     // Neither Qt sorts stably, so that the same order of ties takes the same algorithm.
     const LessThan lessThan(flags & QDir::Reversed);
@@ -170,8 +170,9 @@ void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
     std::sort(items.begin(), items.end(), lessThan);
 #endif
 
-    QVector<FolderEntry> sorted(items.size());
-    for (int i = 0; i < items.size(); ++i)
-        sorted[i] = std::move((*entries)[items.at(i).index]);
-    entries->swap(sorted);
+    QVector<FolderEntry> sorted;
+    sorted.reserve(items.size());
+    for (const SortItem &item : items)
+        sorted.append(entries.at(item.index));
+    return sorted;
 }

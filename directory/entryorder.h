@@ -7,13 +7,13 @@
 #include <QVector>
 
 /**
- * Sorts @p entries as QDir of the same Qt sorts them, ties included. Understands QDir::Name,
+ * @return @p entries as QDir of the same Qt sorts them, ties included. Understands QDir::Name,
  * QDir::Time and QDir::Size with QDir::DirsFirst, QDir::DirsLast, QDir::IgnoreCase and
  * QDir::Reversed.
  *
  * Unlike QDir it takes each time and each lower-case name once, as a key, and not in every
  * comparison.
  */
-void sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags);
+QVector<FolderEntry> sortedEntries(const QVector<FolderEntry> &entries, QDir::SortFlags flags);
 
 #endif // ENTRYORDER_H

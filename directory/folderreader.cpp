@@ -74,6 +74,12 @@ bool lookAt(int folder, const dirent &entry, FolderEntry *result)
 }
 } // namespace
 
+bool operator==(const FolderEntry &left, const FolderEntry &right)
+{
+    return left.modified == right.modified && left.size == right.size &&
+           left.isDir == right.isDir && left.name == right.name;
+}
+
 QVector<FolderEntry> readFolder(const QString &path)
 {
     QVector<FolderEntry> entries;

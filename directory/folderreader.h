@@ -15,6 +15,8 @@ struct FolderEntry
 };
 Q_DECLARE_TYPEINFO(FolderEntry, Q_MOVABLE_TYPE);
 
+bool operator==(const FolderEntry &left, const FolderEntry &right);
+
 /** The modification time of an entry that can be seen but not looked into. */
 extern const qint64 noTime;
 

@@ -1,20 +1,11 @@
 #ifndef MODIFICATIONDATES_H
 #define MODIFICATIONDATES_H
 
+#include "directory/wallclock.h"
+
 #include <QHash>
 #include <QString>
 #include <QtGlobal>
-
-/**
- * Local time as the clock on the wall shows it, in milliseconds since 1970 on that clock.
- *
- * The same as QDateTime's conversion, which looks at the time zone afresh for every single date:
- * here that is done once, by the first call after refreshTimeZone().
- */
-qint64 wallClock(qint64 msSinceEpoch);
-
-/** Takes notice of a changed time zone. To be called once before a run of conversions. */
-void refreshTimeZone();
 
 /** Writes modification times as local dates, each day once. For the length of one listing. */
 class ModificationDates
@@ -28,6 +19,7 @@ public:
 
 private:
     const QString m_format;
+    WallClock m_clock;
     QHash<qint64, QString> m_textByDay;
 };
 

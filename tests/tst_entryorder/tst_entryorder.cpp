@@ -45,10 +45,8 @@ void fillWithTies(const TestDir &dir, unsigned seed, time_t start)
 
 QStringList sortedNames(const QString &path, QDir::SortFlags flags)
 {
-    QVector<FolderEntry> entries = readFolder(path);
-    sortEntries(&entries, flags);
     QStringList names;
-    for (const FolderEntry &entry : entries)
+    for (const FolderEntry &entry : sortedEntries(readFolder(path), flags))
         names.append(entry.name);
     return names;
 }
@@ -70,14 +68,13 @@ private slots:
 void tst_EntryOrder::nothingAndOneEntryStayAsTheyAre()
 {
     QVector<FolderEntry> entries;
-    sortEntries(&entries, QDir::Time);
-    QCOMPARE(entries.size(), 0);
+    QCOMPARE(sortedEntries(entries, QDir::Time).size(), 0);
 
     const FolderEntry entry = {"only", 5, 1000, false};
     entries.append(entry);
-    sortEntries(&entries, QDir::Size | QDir::Reversed);
-    QCOMPARE(entries.size(), 1);
-    QCOMPARE(entries.first().name, QString("only"));
+    const QVector<FolderEntry> sorted = sortedEntries(entries, QDir::Size | QDir::Reversed);
+    QCOMPARE(sorted.size(), 1);
+    QCOMPARE(sorted.first().name, QString("only"));
 }
 
 void tst_EntryOrder::newestAndLargestComeFirst()
