@@ -3,6 +3,7 @@
 #include "directory/wallclock.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QtAlgorithms>
 
@@ -146,21 +147,21 @@ QVector<QString> lowerCaseNames(const QVector<FolderEntry> &entries)
 }
 } // namespace
 
-QVector<FolderEntry> sortedEntries(const QVector<FolderEntry> &entries, QDir::SortFlags flags)
+QVector<int> sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags)
 {
-    if (entries.isEmpty())
-        return entries;
+    if (entries->isEmpty())
+        return QVector<int>();
     const QVector<QString> lowerCase =
-        flags & QDir::IgnoreCase ? lowerCaseNames(entries) : QVector<QString>();
+        flags & QDir::IgnoreCase ? lowerCaseNames(*entries) : QVector<QString>();
     QVector<SortItem> items;
-    items.reserve(entries.size());
-    for (int i = 0; i < entries.size(); ++i) {
-        const FolderEntry &entry = entries.at(i);
+    items.reserve(entries->size());
+    for (int i = 0; i < entries->size(); ++i) {
+        const FolderEntry &entry = entries->at(i);
         const SortItem item = {0, 0, lowerCase.isEmpty() ? &entry.name : &lowerCase.at(i), i,
                                groupOf(entry, flags)};
         items.append(item);
     }
-    setKeys(&items, entries, flags);
+    setKeys(&items, *entries, flags);
 
     // Neither Qt sorts stably, so that the same order of ties takes the same algorithm.
     const LessThan lessThan(flags & QDir::Reversed);
@@ -170,9 +171,14 @@ QVector<FolderEntry> sortedEntries(const QVector<FolderEntry> &entries, QDir::So
     std::sort(items.begin(), items.end(), lessThan);
 #endif
 
-    QVector<FolderEntry> sorted;
-    sorted.reserve(items.size());
-    for (const SortItem &item : items)
-        sorted.append(entries.at(item.index));
-    return sorted;
+    // Moved, not copied: a copy is counted in each name, wherever in memory that is.
+    QVector<FolderEntry> sorted(items.size());
+    QVector<int> places(items.size());
+    for (int i = 0; i < items.size(); ++i) {
+        const int before = items.at(i).index;
+        sorted[i] = std::move((*entries)[before]);
+        places[before] = i;
+    }
+    entries->swap(sorted);
+    return places;
 }

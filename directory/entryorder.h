@@ -7,13 +7,15 @@
 #include <QVector>
 
 /**
- * @return @p entries as QDir of the same Qt sorts them, ties included. Understands QDir::Name,
+ * Sorts @p entries as QDir of the same Qt sorts them, ties included. Understands QDir::Name,
  * QDir::Time and QDir::Size with QDir::DirsFirst, QDir::DirsLast, QDir::IgnoreCase and
  * QDir::Reversed.
  *
  * Unlike QDir it takes each time and each lower-case name once, as a key, and not in every
  * comparison.
+ *
+ * @return for each index of before the index that its entry has now
  */
-QVector<FolderEntry> sortedEntries(const QVector<FolderEntry> &entries, QDir::SortFlags flags);
+QVector<int> sortEntries(QVector<FolderEntry> *entries, QDir::SortFlags flags);
 
 #endif // ENTRYORDER_H

@@ -5,12 +5,12 @@
 
 void FolderListing::read(const QString &path, QDir::SortFlags flags)
 {
-    const QVector<FolderEntry> unsorted = readFolder(path);
+    QVector<FolderEntry> entries = readFolder(path);
     const QByteArray zone = WallClock::zone(); // the order by time is that on the wall
-    if (flags == m_flags && zone == m_zone && unsorted == m_unsorted)
+    if (flags == m_flags && zone == m_zone && isWhatWasSorted(entries))
         return;
-    m_entries = sortedEntries(unsorted, flags);
-    m_unsorted = unsorted;
+    m_places = sortEntries(&entries, flags);
+    m_entries = entries;
     m_flags = flags;
     m_zone = zone;
 }
@@ -18,4 +18,15 @@ void FolderListing::read(const QString &path, QDir::SortFlags flags)
 const QVector<FolderEntry> &FolderListing::entries() const
 {
     return m_entries;
+}
+
+bool FolderListing::isWhatWasSorted(const QVector<FolderEntry> &unsorted) const
+{
+    if (unsorted.size() != m_entries.size())
+        return false;
+    for (int i = 0; i < unsorted.size(); ++i) {
+        if (!(unsorted.at(i) == m_entries.at(m_places.at(i))))
+            return false;
+    }
+    return true;
 }

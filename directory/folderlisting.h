@@ -10,20 +10,22 @@
 
 /**
  * The entries of a folder in order, as last read. A folder is listed far more often than it
- * changes, so what has been sorted is kept beside what it was sorted from.
+ * changes, so it is sorted only when it did.
  */
 class FolderListing
 {
 public:
-    /** Reads the folder @p path. The order is that of sortedEntries() with @p flags. */
+    /** Reads the folder @p path. The order is that of sortEntries() with @p flags. */
     void read(const QString &path, QDir::SortFlags flags);
 
     /** What the folder held; nothing before it was read, or when it could not be opened. */
     const QVector<FolderEntry> &entries() const;
 
 private:
-    QVector<FolderEntry> m_unsorted;
+    bool isWhatWasSorted(const QVector<FolderEntry> &unsorted) const;
+
     QVector<FolderEntry> m_entries;
+    QVector<int> m_places; // in m_entries of what was read, in the order in which it was
     QDir::SortFlags m_flags;
     QByteArray m_zone;
 };

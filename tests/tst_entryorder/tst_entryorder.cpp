@@ -45,8 +45,10 @@ void fillWithTies(const TestDir &dir, unsigned seed, time_t start)
 
 QStringList sortedNames(const QString &path, QDir::SortFlags flags)
 {
+    QVector<FolderEntry> entries = readFolder(path);
+    sortEntries(&entries, flags);
     QStringList names;
-    for (const FolderEntry &entry : sortedEntries(readFolder(path), flags))
+    for (const FolderEntry &entry : entries)
         names.append(entry.name);
     return names;
 }
@@ -58,6 +60,7 @@ class tst_EntryOrder : public QObject
 
 private slots:
     void nothingAndOneEntryStayAsTheyAre();
+    void tellsWhereEachEntryWent();
     void newestAndLargestComeFirst();
     void everyOrderIsThatOfQDir_data();
     void everyOrderIsThatOfQDir();
@@ -68,13 +71,26 @@ private slots:
 void tst_EntryOrder::nothingAndOneEntryStayAsTheyAre()
 {
     QVector<FolderEntry> entries;
-    QCOMPARE(sortedEntries(entries, QDir::Time).size(), 0);
+    QCOMPARE(sortEntries(&entries, QDir::Time), QVector<int>());
+    QCOMPARE(entries.size(), 0);
 
     const FolderEntry entry = {"only", 5, 1000, false};
     entries.append(entry);
-    const QVector<FolderEntry> sorted = sortedEntries(entries, QDir::Size | QDir::Reversed);
-    QCOMPARE(sorted.size(), 1);
-    QCOMPARE(sorted.first().name, QString("only"));
+    QCOMPARE(sortEntries(&entries, QDir::Size | QDir::Reversed), QVector<int>() << 0);
+    QCOMPARE(entries.size(), 1);
+    QCOMPARE(entries.first().name, QString("only"));
+}
+
+void tst_EntryOrder::tellsWhereEachEntryWent()
+{
+    const TestDir dir;
+    fillWithTies(dir, 1, 1370000000);
+    const QVector<FolderEntry> unsorted = readFolder(dir.path());
+    QVector<FolderEntry> entries = unsorted;
+    const QVector<int> places = sortEntries(&entries, QDir::Name);
+    QCOMPARE(places.size(), unsorted.size());
+    for (int i = 0; i < entries.size(); ++i)
+        QCOMPARE(unsorted.at(i).name, entries.at(places.at(i)).name);
 }
 
 void tst_EntryOrder::newestAndLargestComeFirst()
