@@ -6,28 +6,29 @@
 #include <QApplication>
 
 #include <cstdio>
+#include <memory>
 
 #include <malloc.h>
 
 namespace {
 const int count = 10000;
 
-size_t bytesInUse()
+qint64 bytesInUse()
 {
     const auto used = mallinfo2();
-    return used.uordblks + used.hblkhd;
+    return static_cast<qint64>(used.uordblks + used.hblkhd);
 }
 
-/** Bytes per entry that @p lister holds more than before it listed @p folder. */
-double bytesPerEntry(Lister *lister, const BigFolder &folder)
+/** Bytes per entry that a lister holds more than before it listed @p folder. */
+double bytesPerEntry(std::unique_ptr<Lister> (*make)(), const BigFolder &folder)
 {
     const Order &byDate = orders[2];
-    for (int warmUp = 0; warmUp < 2; ++warmUp) { // what a first listing loads stays
-        lister->prepare(byDate);
-        lister->list(folder.path(), count);
-    }
+    const std::unique_ptr<Lister> first = make(); // what the first of its kind loads stays
+    first->prepare(byDate);
+    first->list(folder.path(), count);
+    const std::unique_ptr<Lister> lister = make();
     lister->prepare(byDate);
-    const size_t before = bytesInUse();
+    const qint64 before = bytesInUse();
     lister->list(folder.path(), count);
     return static_cast<double>(bytesInUse() - before) / count;
 }
@@ -45,10 +46,10 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const BigFolder folder(count);
-    const double ours = bytesPerEntry(makeDirectoryLister().get(), folder);
-    const double reference = bytesPerEntry(makeFolderListModelLister().get(), folder);
-    const double qdir = bytesPerEntry(makeQDirLister().get(), folder);
-    const double model = bytesPerEntry(makeFileSystemModelLister().get(), folder);
+    const double ours = bytesPerEntry(makeDirectoryLister, folder);
+    const double reference = bytesPerEntry(makeFolderListModelLister, folder);
+    const double qdir = bytesPerEntry(makeQDirLister, folder);
+    const double model = bytesPerEntry(makeFileSystemModelLister, folder);
     printf("{\"benchmarks\": [\n");
     print("reference: Qt.labs.folderlistmodel", reference, reference, "");
     printf(",\n");
