@@ -27,3 +27,13 @@ bool load(QFileSystemModel &model, const QString &path)
         return true;
     return waitUntil([&] { return names(loaded, path); });
 }
+
+bool isThere(const QFileSystemModel &model, const QString &folder, const QString &name)
+{
+    const QModelIndex parent = model.index(folder);
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        if (model.index(row, 0, parent).data().toString() == name)
+            return true;
+    }
+    return false;
+}

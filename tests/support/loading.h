@@ -13,4 +13,7 @@ class QFileSystemModel;
  */
 bool load(QFileSystemModel &model, const QString &path);
 
+/** Whether the folder @p folder has a row @p name by now. */
+bool isThere(const QFileSystemModel &model, const QString &folder, const QString &name);
+
 #endif // LOADING_H
