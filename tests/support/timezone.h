@@ -14,21 +14,25 @@ public:
     explicit TimeZone(const char *zone)
         : m_previous(qgetenv("TZ"))
     {
+        set(zone);
+    }
+
+    ~TimeZone()
+    {
+        set(m_previous.isNull() ? nullptr : m_previous.constData());
+    }
+
+private:
+    Q_DISABLE_COPY(TimeZone)
+
+    static void set(const char *zone)
+    {
         if (zone)
             setenv("TZ", zone, 1);
         else
             unsetenv("TZ");
         tzset();
     }
-
-    ~TimeZone()
-    {
-        setenv("TZ", m_previous.constData(), 1);
-        tzset();
-    }
-
-private:
-    Q_DISABLE_COPY(TimeZone)
 
     const QByteArray m_previous;
 };

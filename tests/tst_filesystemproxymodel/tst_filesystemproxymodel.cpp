@@ -6,6 +6,7 @@
 #include "support/signallog.h"
 #include "support/surface.h"
 #include "support/testdir.h"
+#include "support/timezone.h"
 #include "support/waiting.h"
 
 #if QT_VERSION >= 0x050B00
@@ -17,7 +18,6 @@
 #include <QTest>
 
 #include <algorithm>
-#include <cstdlib>
 #include <random>
 
 #include <sys/stat.h>
@@ -111,28 +111,6 @@ struct Checker
     }
 };
 #endif
-
-/** Puts the process into another time zone for the length of a scope. */
-class TimeZone
-{
-public:
-    explicit TimeZone(const char *name)
-        : m_previous(qgetenv("TZ"))
-    {
-        setenv("TZ", name, 1);
-        tzset();
-    }
-    ~TimeZone()
-    {
-        setenv("TZ", m_previous.constData(), 1);
-        tzset();
-    }
-
-private:
-    Q_DISABLE_COPY(TimeZone)
-
-    const QByteArray m_previous;
-};
 } // namespace
 
 class tst_FileSystemProxyModel : public QObject
