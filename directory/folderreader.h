@@ -15,6 +15,7 @@ struct FolderEntry
 };
 Q_DECLARE_TYPEINFO(FolderEntry, Q_MOVABLE_TYPE);
 
+/** Whether a folder tells the same about both. */
 bool operator==(const FolderEntry &left, const FolderEntry &right);
 
 /** The modification time of an entry that can be seen but not looked into. */
