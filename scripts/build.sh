@@ -1,7 +1,7 @@
-# What ./run and ./test share: their options, the packages, the build. Sourced at the project's root.
+# What ./run, ./test and scripts/check-style share: their options, the packages, the build. Sourced at the project's root.
 # shellcheck shell=sh
 
-# What a bare Debian 12 lacks, in the order build, look of the screens, private instrument.
+# What a bare Debian 12 or 13 lacks, in the order build, look of the screens, private instrument.
 packages='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qml-module-qtquick2
     fonts-open-sans fonts-dejavu-core
     uidmap'
