@@ -1,3 +1,4 @@
+#include "common/version.h"
 #include "host/tour.h"
 #include "host/viewer.h"
 
@@ -6,13 +7,14 @@
 #include <QStringList>
 #include <QTextStream>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
 enum ExitCode { Fine = 0, Failed = 1, WrongUse = 2 };
 
 const char usage[] =
-    "Usage: filebrowser-viewer [--imports DIR] [--screens DIR] [--tour DIR]\n"
+    "Usage: filebrowser-viewer [--imports DIR] [--screens DIR] [--tour DIR] [--version]\n"
     "\n"
     "Shows the screens of the file browser in a window of the size of the instrument's display.\n"
     "\n"
@@ -22,6 +24,7 @@ const char usage[] =
     "DIR,\n"
     "                 and end with 1 when a step does not lead where it should; needs the command\n"
     "                 \"stick\" and the sample data of the private instrument\n"
+    "  --version      show what this build is and what it was made from\n"
     "  --help         show this text\n";
 
 struct Options
@@ -29,7 +32,6 @@ struct Options
     Options()
         : imports(builtFolder("imports"))
         , screens(builtFolder("screens"))
-        , isHelp(false)
         , isUnderstood(true)
     {
     }
@@ -42,7 +44,6 @@ struct Options
     QString imports;
     QString screens;
     QString tour;
-    bool isHelp;
     bool isUnderstood;
 };
 
@@ -52,9 +53,7 @@ Options parse(QStringList arguments)
     arguments.removeFirst();
     while (!arguments.isEmpty()) {
         const QString option = arguments.takeFirst();
-        if (option == "--help") {
-            options.isHelp = true;
-        } else if (option == "--imports" && !arguments.isEmpty()) {
+        if (option == "--imports" && !arguments.isEmpty()) {
             options.imports = arguments.takeFirst();
         } else if (option == "--screens" && !arguments.isEmpty()) {
             options.screens = arguments.takeFirst();
@@ -65,6 +64,12 @@ Options parse(QStringList arguments)
         }
     }
     return options;
+}
+
+bool isAmong(const char *option, int argc, char *argv[])
+{
+    return std::any_of(argv + 1, argv + argc,
+                       [option](const char *argument) { return qstrcmp(argument, option) == 0; });
 }
 
 void say(FILE *where, const QString &text)
@@ -86,15 +91,21 @@ int walk(Viewer &viewer, const QString &folder)
 
 int main(int argc, char *argv[])
 {
+    // Before there is an application, which would need a display.
+    if (isAmong("--help", argc, argv)) {
+        fputs(usage, stdout);
+        return Fine;
+    }
+    if (isAmong("--version", argc, argv)) {
+        puts(versionText);
+        return Fine;
+    }
+
     QApplication application(argc, argv);
     const Options options = parse(QApplication::arguments());
     if (!options.isUnderstood) {
         fputs(usage, stderr);
         return WrongUse;
-    }
-    if (options.isHelp) {
-        fputs(usage, stdout);
-        return Fine;
     }
 
     Viewer::chooseFonts();

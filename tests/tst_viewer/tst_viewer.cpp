@@ -43,6 +43,8 @@ private slots:
     void helpNamesEveryOption();
     void wrongUseIsAnsweredWithTheHelp_data();
     void wrongUseIsAnsweredWithTheHelp();
+    void theVersionIsTheModules();
+    void theModulesListTellsItsVersion();
     void aMissingModuleIsReported();
     void missingScreensAreReported();
     void theTourWritesAPictureOfEveryStep();
@@ -66,6 +68,7 @@ void TestViewer::helpNamesEveryOption()
     const QStringList options = QStringList() << "--imports"
                                               << "--screens"
                                               << "--tour"
+                                              << "--version"
                                               << "--help";
     for (const QString &option : options) {
         QVERIFY2(outcome.output.contains("  " + option), qPrintable(option));
@@ -86,6 +89,29 @@ void TestViewer::wrongUseIsAnsweredWithTheHelp()
     const Outcome outcome = runViewer(QStringList(argument));
     QCOMPARE(outcome.exitCode, 2);
     QVERIFY(outcome.errors.contains("Usage: filebrowser-viewer"));
+}
+
+// The command is the one for a device, where nothing can load the module but the instrument itself.
+void TestViewer::theVersionIsTheModules()
+{
+    QProcess grep;
+    grep.start("grep", QStringList() << "-ao"
+                                     << "filebrowser [0-9][[:print:]]*"
+                                     << QFile::decodeName(qgetenv("FILEBROWSER_IMPORTS")) +
+                                            "/FileBrowser/libfilebrowser.so");
+    QVERIFY(grep.waitForFinished());
+    const QString text = QString::fromLocal8Bit(grep.readAllStandardOutput());
+    QCOMPARE(runViewer(QStringList("--version")).output, text);
+
+    QVERIFY2(text.startsWith("filebrowser " FILEBROWSER_VERSION " (source "), qPrintable(text));
+    QVERIFY2(text.endsWith(", Qt " QT_VERSION_STR ")\n"), qPrintable(text));
+}
+
+void TestViewer::theModulesListTellsItsVersion()
+{
+    QFile list(QFile::decodeName(qgetenv("FILEBROWSER_IMPORTS")) + "/FileBrowser/qmldir");
+    QVERIFY(list.open(QIODevice::ReadOnly));
+    QCOMPARE(list.readLine(), QByteArray("# filebrowser " FILEBROWSER_VERSION "\n"));
 }
 
 void TestViewer::aMissingModuleIsReported()
