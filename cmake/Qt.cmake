@@ -2,7 +2,7 @@
 # Everything that differs between the lines in the build stands in this file:
 #   filebrowser_qt       the Qt libraries of the product
 #   filebrowser_qt_test  Qt's test library on top
-#   FILEBROWSER_QML_DIR  where this Qt looks for QML modules
+#   FILEBROWSER_QMAKE    the qmake of this Qt, which knows its folders
 #   filebrowser_add_resources(<variable> <file.qrc>)
 
 set(QT_QMAKE_EXECUTABLE "" CACHE FILEPATH "qmake of a Qt 4.8 SDK; empty for Qt 5.15")
@@ -16,7 +16,7 @@ if(QT_QMAKE_EXECUTABLE)
     set(FILEBROWSER_QT_LINE 4)
     target_link_libraries(filebrowser_qt INTERFACE Qt4::QtCore Qt4::QtGui Qt4::QtDeclarative)
     target_link_libraries(filebrowser_qt_test INTERFACE Qt4::QtTest)
-    set(FILEBROWSER_QML_DIR "${QT_IMPORTS_DIR}" CACHE PATH "Where this Qt looks for QML modules")
+    set(FILEBROWSER_QMAKE ${QT_QMAKE_EXECUTABLE})
 
     # Qt 4.8's rcc writes format version 1 and takes no option for it.
     macro(filebrowser_add_resources variable qrc)
@@ -28,10 +28,7 @@ else()
     target_link_libraries(filebrowser_qt
         INTERFACE Qt5::Core Qt5::Gui Qt5::Widgets Qt5::Qml Qt5::Quick Qt5::QuickWidgets)
     target_link_libraries(filebrowser_qt_test INTERFACE Qt5::Test)
-    get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
-    execute_process(COMMAND ${qmake} -query QT_INSTALL_QML
-        OUTPUT_VARIABLE qml_dir OUTPUT_STRIP_TRAILING_WHITESPACE)
-    set(FILEBROWSER_QML_DIR "${qml_dir}" CACHE PATH "Where this Qt looks for QML modules")
+    get_target_property(FILEBROWSER_QMAKE Qt5::qmake IMPORTED_LOCATION)
 
     macro(filebrowser_add_resources variable qrc)
         qt5_add_resources(${variable} ${qrc} OPTIONS --format-version 1 -no-compress)
