@@ -35,11 +35,11 @@ refusal() {
 
 cmake --install "$build" --prefix "$scratch/moved" >/dev/null
 same "the prefix can be another one" "$(files "$scratch/moved")" \
-    "./$module/libfilebrowser.so ./$module/qmldir "
+    "./$module/libfilebrowser.so ./$module/plugins.qmltypes ./$module/qmldir "
 
 DESTDIR=$scratch/staged cmake --install "$build" --strip >/dev/null
 same "a stage holds the folders of the machine" "$(files "$scratch/staged")" \
-    ".$prefix/$module/libfilebrowser.so .$prefix/$module/qmldir "
+    ".$prefix/$module/libfilebrowser.so .$prefix/$module/plugins.qmltypes .$prefix/$module/qmldir "
 
 same "what is no qmake is refused first" "$(refusal /nowhere/qmake)" \
     "QT_QMAKE_EXECUTABLE=/nowhere/qmake is no qmake that can be run here: give the path of the qmake of a Qt 4.8. "
