@@ -35,16 +35,14 @@ QByteArray kindOf(const QMetaMethod &method)
 }
 
 // Qt names the 64-bit numbers in two ways.
-QByteArray typeOf(const QMetaProperty &property)
+QByteArray inOneWay(QByteArray types)
 {
-    return QByteArray(property.typeName())
-        .replace("qlonglong", "qint64")
-        .replace("qulonglong", "quint64");
+    return types.replace("qlonglong", "qint64").replace("qulonglong", "quint64");
 }
 
 QString describe(const QMetaProperty &property)
 {
-    QByteArray line = typeOf(property) + ' ' + property.name() + ' ';
+    QByteArray line = inOneWay(property.typeName()) + ' ' + property.name() + ' ';
     line += property.isWritable() ? "rw" : "r";
     if (property.isConstant())
         line += " constant";
@@ -57,7 +55,8 @@ QString describe(const QMetaProperty &property)
 
 QString describe(const QMetaMethod &method)
 {
-    return QString::fromLatin1(kindOf(method) + ' ' + resultOf(method) + ' ' + signatureOf(method));
+    return QString::fromLatin1(kindOf(method) + ' ' + resultOf(method) + ' ' +
+                               inOneWay(signatureOf(method)));
 }
 } // namespace
 

@@ -103,7 +103,7 @@ void tst_DirectoryOrder::everyReorderSetsItsFlagAndDirection()
 
     QVERIFY(QMetaObject::invokeMethod(&directory, slot.constData()));
     for (const char *each : {"nameSorted", "dateSorted", "sizeSorted", "typeSorted"})
-        QCOMPARE(directory.property(each).toBool(), flag == each);
+        QVERIFY2(directory.property(each).toBool() == (flag == each), each);
     QVERIFY(directory.ascendingSorted());
     QVERIFY(QMetaObject::invokeMethod(&directory, slot.constData()));
     QVERIFY(!directory.ascendingSorted());
@@ -185,10 +185,10 @@ void tst_DirectoryOrder::writingAFlagListsAgainInTheSameOrder()
     for (const char *flag :
          {"nameSorted", "dateSorted", "sizeSorted", "typeSorted", "ascendingSorted"}) {
         const bool state = directory.property(flag).toBool();
-        QVERIFY(directory.setProperty(flag, state)); // unchanged, and emitted all the same
+        QVERIFY2(directory.setProperty(flag, state), flag); // unchanged, and emitted all the same
         QCOMPARE(log.take(), quietRelisting(QByteArray(flag).append("Changed").constData()));
-        QVERIFY(directory.setProperty(flag, !state));
-        QCOMPARE(directory.property(flag).toBool(), !state);
+        QVERIFY2(directory.setProperty(flag, !state), flag);
+        QVERIFY2(directory.property(flag).toBool() == !state, flag);
         QCOMPARE(log.take(), quietRelisting(QByteArray(flag).append("Changed").constData()));
     }
     QCOMPARE(shownNames(&directory), QStringList() << "b.log"

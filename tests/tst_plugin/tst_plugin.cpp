@@ -165,10 +165,10 @@ void tst_Plugin::theRecordHasItsTextAndItsSection()
     QVERIFY(library.unload());
 
     const TestDir dir;
-    QCOMPARE(QProcess::execute("objcopy", QStringList() << "-O"
-                                                        << "binary"
-                                                        << "--only-section=.qtplugin"
-                                                        << modulePath() << dir.path("section")),
+    QCOMPARE(QProcess::execute(OBJCOPY, QStringList() << "-O"
+                                                      << "binary"
+                                                      << "--only-section=.qtplugin" << modulePath()
+                                                      << dir.path("section")),
              0);
     QCOMPARE(dir.contents("section"), expectedRecord() + '\0');
 }

@@ -72,6 +72,14 @@ another_account_database_can_be_put_on_top() {
         mount --bind /var/tmp/accounts /etc/passwd && getent passwd ostan other')" "other:x:1:1::/:"
 }
 
+other_accounts_stay_whatever_their_names() {
+    same accounts "$(inside 'printf "fr\344nk:x:1:1::/:\nostan:x:2:2::/:\nother:x:3:3::/:\n" >/var/tmp/accounts
+        mount --bind /var/tmp/accounts /etc/passwd && instrument cat /etc/passwd | iconv -f latin1')" \
+        "fränk:x:1:1::/:
+other:x:3:3::/:
+ostan:x:4711:4711:Instrument:/home/ostan:/bin/sh"
+}
+
 the_home_folder_is_new_and_the_accounts_own() {
     same "owner, group, rights" "$(inside 'stat -c "%u %g %a" /home/ostan')" "4711 4711 755"
     same contents "$(inside 'ls -A /home/ostan')" ""
@@ -107,7 +115,12 @@ another_user_gets_there_too() {
         echo "SKIP   : $case: only the machine's root can become that user"
         return
     fi
+    # From a copy, because the project may lie where only its owner can go.
     cat >"$scratch/visit" <<'END'
+place=$(mktemp -d /home/visit-XXXXXX)
+cp -R "$0/." "$place"
+chmod -R a+rX "$place"
+export PATH="$place:$PATH"
 cd /var/tmp
 cp /etc/passwd accounts
 echo person:x:4712:4712::/:/bin/sh >>accounts
@@ -124,7 +137,7 @@ setpriv --reuid 4712 --regid 4712 --clear-groups instrument sh -c '
     stick plug A 1M && grep ^/dev/sda /proc/mounts | cut -d " " -f 1-3
     umount "/media/Stick A" && ls /media'
 END
-    same "what that user sees" "$(instrument sh "$scratch/visit" 2>&1)" "0
+    same "what that user sees" "$(instrument sh -c "$(cat "$scratch/visit")" "$sandbox" 2>&1)" "0
 ostan:x:4711:4711:Instrument:/home/ostan:/bin/sh
 4711:4711
 /dev/sda1 /media/Stick\\040A tmpfs
