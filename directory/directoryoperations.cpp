@@ -28,7 +28,8 @@ bool Directory::newFile(QString name)
     if (m_dir.exists(name))
         return false;
     QFile file(name);
-    const bool made = file.open(QIODevice::WriteOnly);
+    // Appending leaves a file as it is that the look-up missed because the disk failed it.
+    const bool made = file.open(QIODevice::WriteOnly | QIODevice::Append);
     file.close();
     scheduleRefresh();
     return made;
