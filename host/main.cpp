@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStringList>
 #include <QTextStream>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -13,13 +15,19 @@
 namespace {
 enum ExitCode { Fine = 0, Failed = 1, WrongUse = 2 };
 
+const int readingMs = 1000; // a tree reads its folders in the background meanwhile
+
 const char usage[] =
-    "Usage: filebrowser-viewer [--imports DIR] [--screens DIR] [--tour DIR] [--version]\n"
+    "Usage: filebrowser-viewer [--imports DIR] [--screens PATH] [--picture FILE | --tour DIR]\n"
+    "       filebrowser-viewer --version | --help\n"
     "\n"
     "Shows the screens of the file browser in a window of the size of the instrument's display.\n"
     "\n"
     "  --imports DIR  folder with the module, by default the one of this build\n"
-    "  --screens DIR  folder with Main.qml, by default the one of this build\n"
+    "  --screens PATH folder with Main.qml, or any QML file, by default those of this build\n"
+    "  --picture FILE write a picture (PNG) of the screens to FILE one second after they are "
+    "shown,\n"
+    "                 and end\n"
     "  --tour DIR     walk through the screens without help, write a picture of every step to "
     "DIR,\n"
     "                 and end with 1 when a step does not lead where it should; needs the command\n"
@@ -43,6 +51,7 @@ struct Options
 
     QString imports;
     QString screens;
+    QString picture;
     QString tour;
     bool isUnderstood;
 };
@@ -57,6 +66,8 @@ Options parse(QStringList arguments)
             options.imports = arguments.takeFirst();
         } else if (option == "--screens" && !arguments.isEmpty()) {
             options.screens = arguments.takeFirst();
+        } else if (option == "--picture" && !arguments.isEmpty()) {
+            options.picture = arguments.takeFirst();
         } else if (option == "--tour" && !arguments.isEmpty()) {
             options.tour = arguments.takeFirst();
         } else {
@@ -75,6 +86,22 @@ bool isAmong(const char *option, int argc, char *argv[])
 void say(FILE *where, const QString &text)
 {
     QTextStream(where) << text << '\n';
+}
+
+QString mainFile(const QString &screens)
+{
+    return QFileInfo(screens).isDir() ? screens + "/Main.qml" : screens;
+}
+
+int takePicture(Viewer &viewer, const QString &path)
+{
+    QTimer::singleShot(readingMs, QApplication::instance(), SLOT(quit()));
+    QApplication::exec();
+    if (!viewer.picture().save(path, "PNG")) {
+        say(stderr, "filebrowser-viewer: can't write the picture " + path);
+        return Failed;
+    }
+    return Fine;
 }
 
 int walk(Viewer &viewer, const QString &folder)
@@ -110,11 +137,14 @@ int main(int argc, char *argv[])
 
     Viewer::chooseFonts();
     Viewer viewer(options.imports);
-    const QString problem = viewer.load(options.screens + "/Main.qml");
+    const QString problem = viewer.load(mainFile(options.screens));
     if (!problem.isEmpty()) {
         say(stderr, "filebrowser-viewer: can't show the screens\n" + problem);
         return Failed;
     }
     viewer.show();
+    if (!options.picture.isEmpty()) {
+        return takePicture(viewer, options.picture);
+    }
     return options.tour.isEmpty() ? QApplication::exec() : walk(viewer, options.tour);
 }

@@ -6,6 +6,8 @@
 #include "tree/filetreevieweritem.h"
 #include "usb/usb.h"
 
+#include <QCoreApplication>
+
 #include <qdeclarative.h>
 
 namespace {
@@ -17,6 +19,27 @@ void registerType(const char *uri, const char *name)
 {
     qmlRegisterType<Type>(uri, versionMajor, versionMinor, name);
 }
+
+// Whether the process is one that a widget would end.
+bool isWithoutWidgets()
+{
+    const QCoreApplication *application = QCoreApplication::instance();
+    return application && !application->inherits("QApplication");
+}
+
+// The tree holds a widget. Where there can be none the engine gives the reason for an answer.
+void registerTree(const char *uri)
+{
+    const char *const name = "FileTreeViewerItem";
+    if (isWithoutWidgets()) {
+        qmlRegisterUncreatableType<FileTreeViewerItem>(
+            uri, versionMajor, versionMinor, name,
+            "FileTreeViewerItem needs a QApplication, and this process has another kind of "
+            "application: with Qt's own tool, call \"qml --apptype widget\"");
+    } else {
+        registerType<FileTreeViewerItem>(uri, name);
+    }
+}
 } // namespace
 
 void FileBrowserPlugin::registerTypes(const char *uri)
@@ -25,7 +48,7 @@ void FileBrowserPlugin::registerTypes(const char *uri)
     registerType<File>(uri, "File");
     registerType<Path>(uri, "Path");
     registerType<USB>(uri, "USB");
-    registerType<FileTreeViewerItem>(uri, "FileTreeViewerItem");
+    registerTree(uri);
 }
 
 Q_EXPORT_PLUGIN2(filebrowser, FileBrowserPlugin)

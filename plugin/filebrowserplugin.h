@@ -15,7 +15,8 @@ class FileBrowserPlugin : public QDeclarativeExtensionPlugin
 public:
     /**
      * Registers the types "Directory", "File", "Path", "USB" and "FileTreeViewerItem", in this
-     * order, as version 1.0 of the module @p uri. Called once by the engine.
+     * order, as version 1.0 of the module @p uri. Called once by the engine. In a process without
+     * a QApplication the last one can't be made, and the engine says why.
      */
     void registerTypes(const char *uri) override;
 };

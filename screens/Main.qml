@@ -6,6 +6,8 @@ import "components/style.js" as Style
 Rectangle {
     id: main
 
+    // "account" is the viewer's. A user-interface process without one like it leaves "reason" empty, here
+    // and in Browser.qml, and must be able to become the account.
     property string reason: account.refusal()
 
     // For the viewer: a file or the module could not be loaded, and the engine has said why.

@@ -38,5 +38,6 @@ Overlay {
 
     // The user-interface process's own QTimer. On Qt 4.8 a Timer also fires inside a signal whose handlers
     // start an animation, and a Directory is locked while it lists: a copy begun there would wait for ever.
+    // "afterDrawing" is the viewer's; without one a Timer of 100 ms does on Qt 5 and 6, where it fires in its turn.
     Component.onCompleted: afterDrawing.timeout.connect(finish)
 }

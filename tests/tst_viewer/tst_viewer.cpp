@@ -1,5 +1,6 @@
 #include "support/testdir.h"
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -9,6 +10,12 @@
 
 namespace {
 const int startMs = 60000; // only a viewer that hangs takes so long
+
+#if QT_VERSION < 0x050000
+const QByteArray quick = "import QtQuick 1.1\n";
+#else
+const QByteArray quick = "import QtQuick 2.0\n";
+#endif
 
 struct Outcome
 {
@@ -47,6 +54,8 @@ private slots:
     void theModulesListTellsItsVersion();
     void aMissingModuleIsReported();
     void missingScreensAreReported();
+    void aScreenOfAnyNameIsShownInAPicture();
+    void aPictureThatCannotBeWrittenIsReported();
     void theTourWritesAPictureOfEveryStep();
     void aTourThatGoesWrongFails();
 };
@@ -67,6 +76,7 @@ void TestViewer::helpNamesEveryOption()
     QVERIFY(outcome.output.startsWith("Usage: filebrowser-viewer"));
     const QStringList options = QStringList() << "--imports"
                                               << "--screens"
+                                              << "--picture"
                                               << "--tour"
                                               << "--version"
                                               << "--help";
@@ -80,6 +90,7 @@ void TestViewer::wrongUseIsAnsweredWithTheHelp_data()
     QTest::addColumn<QString>("argument");
     QTest::newRow("unknown option") << "--fast";
     QTest::newRow("option without its folder") << "--tour";
+    QTest::newRow("option without its file") << "--picture";
     QTest::newRow("something else") << "Main.qml";
 }
 
@@ -128,6 +139,32 @@ void TestViewer::missingScreensAreReported()
     const Outcome outcome = runViewer(QStringList() << "--screens" << empty.path());
     QCOMPARE(outcome.exitCode, 1);
     QVERIFY(outcome.errors.contains("Main.qml"));
+}
+
+void TestViewer::aScreenOfAnyNameIsShownInAPicture()
+{
+    const TestDir dir;
+    dir.file("Green.qml", quick + "import FileBrowser 1.0 as Fb\n"
+                                  "Rectangle {\n"
+                                  "Fb.Directory { id: logs; Component.onCompleted: refresh() }\n"
+                                  "color: logs.files.length > 0 ? '#00ff00' : 'red'\n"
+                                  "}\n");
+    const Outcome outcome = runViewer(QStringList() << "--screens" << dir.path("Green.qml")
+                                                    << "--picture" << dir.path("green.png"));
+    QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
+    const QImage picture(dir.path("green.png"));
+    QCOMPARE(picture.size(), QSize(800, 480));
+    QCOMPARE(QColor(picture.pixel(400, 240)), QColor("#00ff00"));
+}
+
+void TestViewer::aPictureThatCannotBeWrittenIsReported()
+{
+    const TestDir empty;
+    const Outcome outcome =
+        runViewer(QStringList() << "--picture" << empty.path("missing/picture.png"));
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY(
+        outcome.errors.contains("can't write the picture " + empty.path("missing/picture.png")));
 }
 
 void TestViewer::theTourWritesAPictureOfEveryStep()
