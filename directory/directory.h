@@ -35,10 +35,10 @@
  *
  * Two things a screen has to know:
  * - filesChanged() and pathsChanged(), and at times an item's isSelectedChanged(), are emitted
- * while the object's mutex is held. A handler that calls getIndex(), refresh(),
- * updateSelectedFiles() or a file operation blocks for ever. Act when the call that listed anew has
- * returned. A Timer is no way out: on Qt 4.8 it also fires inside a signal, when a handler of that
- * starts an animation, as a ListView with a new model does.
+ * while the object's mutex is held. A handler that calls a slot which takes it blocks for ever, and
+ * each slot that does is marked. Act when the call that listed anew has returned. A Timer is no way
+ * out: on Qt 4.8 it also fires inside a signal, when a handler of that starts an animation, as a
+ * ListView with a new model does.
  * - Indexes in isDir(), selectFile(), renameFile() and deleteFile() count the entries of the
  * folder, those in files and setIsSelectedAt() the entries shown. They differ while a name filter
  * hides files.
@@ -117,7 +117,11 @@ public:
      */
     QString selectedFiles() const;
 
-    /** Size of the selection: the sum of each entry's whole KB (1024 bytes). */
+    /**
+     * Size of the selection: the sum of each entry's whole KB (1024 bytes).
+     *
+     * @unit KB (1024 bytes)
+     */
     qint64 selectedFilesKB() const;
 
     /** Sets the number that selectedFilesKB() tells; the only way to selectedFilesKBChanged(). */
@@ -136,7 +140,7 @@ public:
     QDeclarativeListProperty<QString> filters();
 
 signals:
-    /** Asks for refresh(), to which it is connected. */
+    /** Asks for refresh(), to which it is connected. @locks */
     void updateDirectory();
 
     /** The entries shown are other ones. The mutex is held: see the class. */
@@ -174,6 +178,8 @@ public slots:
      * Reads the folder and builds list and breadcrumb again. The list stays as it is, sizes and
      * dates too, when the names shown are the same. A folder that can't be entered leaves
      * everything as it is.
+     *
+     * @locks
      */
     void refresh();
 
@@ -182,28 +188,44 @@ public slots:
      * missing. Nothing happens when it is the root already.
      *
      * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     void setRoot(QString str);
 
-    /** Lists @p str, also when it lies outside the root. Empty or unchanged: nothing happens. */
+    /**
+     * Lists @p str, also when it lies outside the root. Empty or unchanged: nothing happens.
+     *
+     * @locks
+     */
     void setCurrentPath(QString str);
 
-    /** Sorts by name without regard to case; the other direction when it is sorted so already. */
+    /**
+     * Sorts by name without regard to case; the other direction when it is sorted so already.
+     *
+     * @locks
+     */
     void reorderByName();
 
-    /** Sorts by date, or turns that order round. As a new object is sorted so, its first call does
-     * that. */
+    /**
+     * Sorts by date, or turns that order round. As a new object is sorted so, its first call does
+     * that.
+     *
+     * @locks
+     */
     void reorderByDate();
 
-    /** Sorts by size, or turns that order round. */
+    /** Sorts by size, or turns that order round. @locks */
     void reorderBySize();
 
-    /** Sorts by kind, or turns that order round. */
+    /** Sorts by kind, or turns that order round. @locks */
     void reorderByType();
 
     /**
-     * The five flags mirror the order for QML. Writing one emits its signal always and so lists the
-     * folder again; it does not change the order: deliberate, use reorderBy...() or setSortType().
+     * The five flags tell QML the order: by name, by date, by size or by kind, and whether it is
+     * ascending. Writing one emits its signal always and so lists the folder again; it does not
+     * change the order: deliberate, use reorderBy...() or setSortType().
+     *
+     * @locks
      */
     void setNameSorted(bool state);
     void setDateSorted(bool state);
@@ -212,12 +234,16 @@ public slots:
     void setAscendingSorted(bool state);
 
     /** Goes into the folder at @p index of the folder read. Anything else there: nothing happens.
+     *
+     * @locks
      */
     void selectFile(int index);
 
     /**
      * Goes to @p newpath if its text contains the root's anywhere (deliberately not only in front)
      * and it can be entered.
+     *
+     * @locks
      */
     void selectPath(QString newpath);
 
@@ -225,13 +251,15 @@ public slots:
     bool isDir(int index);
 
     /** Changes the sort key and sets the four flags of the keys, which lists the folder four times.
+     *
+     * @locks
      */
     void setSortType(Directory::SortType type);
 
-    /** Changes the direction and sets its flag. */
+    /** Changes the direction and sets its flag. @locks */
     void setSortOrder(Directory::SortOrder order);
 
-    /** Index in files of the entry named exactly @p filename, or -1. Takes the mutex. */
+    /** Index in files of the entry named exactly @p filename, or -1. @locks */
     int getIndex(QString filename);
 
     /**
@@ -252,20 +280,25 @@ public slots:
      * @return empty when everything was copied, else the names that were not, with a blank between
      * them
      * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     QString copySelectedTo(QString dest);
 
-    /** Empties the selection, entries in other folders included. */
+    /** Empties the selection, entries in other folders included. @locks */
     void clearSelectedFiles();
 
-    /** Marks the entries shown as the selection has them. Takes the mutex, and the items tell their
-     * changes while it is held. */
+    /**
+     * Marks the entries shown as the selection has them. The items tell their changes while the
+     * mutex is held.
+     *
+     * @locks
+     */
     void updateSelectedFiles();
 
     /** Writes the size of the selection to the debug output. */
     void updateSelectedFilesKB();
 
-    /** The same as clearSelectedFiles(). */
+    /** The same as clearSelectedFiles(). @locks */
     void clearAll();
 
     /** Selects every file shown that is not selected yet; folders are left out. */
@@ -283,6 +316,7 @@ public slots:
      *
      * @return whether it was made; false, and nothing touched, when the name exists
      * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     bool newFile(QString name);
 
@@ -291,6 +325,7 @@ public slots:
      *
      * @return whether it was made; false, and nothing listed, when the name exists
      * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     bool newDirectory(QString name);
 
@@ -301,6 +336,7 @@ public slots:
      *
      * @return whether it was removed
      * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     bool deleteFile(int index);
 
@@ -311,6 +347,7 @@ public slots:
      *
      * @return whether it was renamed
      * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     bool renameFile(int index, QString name);
 
@@ -318,19 +355,42 @@ public slots:
      * Shows the automatic programs, only names with ".py" in them. The filter stays when another
      * folder is shown afterwards: deliberate, screens that want all files use an object of their
      * own.
+     *
+     * @throws std::runtime_error when the switch to the account fails
+     * @locks
      */
     void viewScriptDirectory();
 
-    /** Shows the logs. */
+    /**
+     * Shows the logs.
+     *
+     * @throws std::runtime_error when the switch to the account fails
+     * @locks
+     */
     void viewLogDirectory();
 
-    /** Shows the graph definitions. */
+    /**
+     * Shows the graph definitions.
+     *
+     * @throws std::runtime_error when the switch to the account fails
+     * @locks
+     */
     void viewGraphDefinitionDirectory();
 
-    /** Shows the configurations. */
+    /**
+     * Shows the configurations.
+     *
+     * @throws std::runtime_error when the switch to the account fails
+     * @locks
+     */
     void viewConfigsDirectory();
 
-    /** Shows the soil-flux data; the folder is made when it is missing. */
+    /**
+     * Shows the soil-flux data; the folder is made when it is missing.
+     *
+     * @throws std::runtime_error when the switch to the account fails
+     * @locks
+     */
     void viewSoilFluxDirectory();
 
     /** Path of the soil-flux data, whether or not it exists. */

@@ -73,6 +73,8 @@ signals:
     void dateChanged();
     void sizeChanged();
     void isDirChanged();
+
+    /** At times told while the Directory is locked: see there. */
     void isSelectedChanged();
 
 private:

@@ -99,7 +99,11 @@ public:
     /** Shows check boxes or none. isSelectableChanged() is not emitted. */
     void setIsSelectable(bool isSelectable);
 
-    /** Size of the checked entries in bytes: deliberately not in KB, whatever the name says. */
+    /**
+     * Size of the checked entries in bytes: deliberately not in KB, whatever the name says.
+     *
+     * @unit bytes
+     */
     quint64 checkedFilesKB() const;
 
     /** The filter words as they were set, with commas between them. */
@@ -213,6 +217,7 @@ public slots:
      * Creates the file of this name in the current file path. An existing one is emptied.
      *
      * @return whether it could be opened for writing
+     * @throws std::runtime_error when the switch to the account fails
      */
     bool createNewFile(const QString &);
 
@@ -221,12 +226,14 @@ public slots:
      *
      * @return true, deliberately also when it could not be created: Qt's model takes what it
      * doesn't know for a folder
+     * @throws std::runtime_error when the switch to the account fails
      */
     bool createNewFolder(const QString &);
 
     /**
      * Removes the selected folder when it is empty. @return whether it is gone; false with nothing
      * selected, for a file and for a folder with contents
+     * @throws std::runtime_error when the switch to the account fails
      */
     bool deleteSelectedDir();
 
@@ -238,6 +245,7 @@ public slots:
      * to, and tells whether anything was removed.
      *
      * @return the model's result, false with nothing selected
+     * @throws std::runtime_error when the switch to the account fails
      */
     bool deleteSelectedFile();
 
@@ -258,6 +266,7 @@ public slots:
      * same goes for deleteSelectedFile() and deleteSelectedDir().
      *
      * @return whether it was renamed; false with nothing selected
+     * @throws std::runtime_error when the switch to the account fails
      */
     bool renameFile(const QString &);
 

@@ -50,7 +50,7 @@ class USB : public QObject
     /** Free space of stick A for display, as in "3.7 GB"; empty before the first scan. */
     Q_PROPERTY(
         QString usbAFreeSpace READ usbAFreeSpace WRITE setUsbAFreeSpace NOTIFY usbAFreeSpaceChanged)
-    /** Free space of stick A in KB (1024 bytes) that a user without special rights may fill. */
+    /** Free space of stick A that a user without special rights may fill. @unit KB (1024 bytes) */
     Q_PROPERTY(qint64 usbASpace READ usbASpace WRITE setUsbASpace NOTIFY usbASpaceChanged)
     /** Whether stick A is mounted. */
     Q_PROPERTY(bool usbA READ usbA WRITE setUsbA NOTIFY usbAChanged)
@@ -59,7 +59,7 @@ class USB : public QObject
     /** Free space of stick B for display. */
     Q_PROPERTY(
         QString usbBFreeSpace READ usbBFreeSpace WRITE setUsbBFreeSpace NOTIFY usbBFreeSpaceChanged)
-    /** Free space of stick B in KB. */
+    /** Free space of stick B. @unit KB (1024 bytes) */
     Q_PROPERTY(qint64 usbBSpace READ usbBSpace WRITE setUsbBSpace NOTIFY usbBSpaceChanged)
     /** Whether stick B is mounted. */
     Q_PROPERTY(bool usbB READ usbB WRITE setUsbB NOTIFY usbBChanged)
@@ -150,14 +150,18 @@ public slots:
 
 signals:
     void usbAChanged();
+
     /** Belongs to no property and is never emitted; kept for the screens that name it. */
     void usbADirChanged();
+
     void usbAFreeSpaceChanged();
     void usbAPathChanged();
     void usbASpaceChanged();
     void usbBChanged();
+
     /** Never emitted, like usbADirChanged(). */
     void usbBDirChanged();
+
     void usbBFreeSpaceChanged();
     void usbBPathChanged();
     void usbBSpaceChanged();

@@ -1,7 +1,8 @@
 #include "support/qmltypes.h"
 
+#include "support/metamethod.h"
+
 #include <QMetaEnum>
-#include <QMetaMethod>
 #include <QMetaProperty>
 #include <QStringList>
 
@@ -10,19 +11,6 @@ QByteArray quoted(const QByteArray &text)
 {
     return '"' + text + '"';
 }
-
-#if QT_VERSION < 0x050000
-QByteArray nameOf(const QMetaMethod &method)
-{
-    const QByteArray signature = method.signature();
-    return signature.left(signature.indexOf('('));
-}
-#else
-QByteArray nameOf(const QMetaMethod &method)
-{
-    return method.name();
-}
-#endif
 
 // The type whose members are inherited, by the name that the Qt of this line has for it.
 QByteArray prototypeOf(const QMetaObject &type)

@@ -1,21 +1,10 @@
 #include "support/surface.h"
 
-#include <QMetaMethod>
+#include "support/metamethod.h"
+
 #include <QMetaProperty>
 
 namespace {
-#if QT_VERSION < 0x050000
-QByteArray signatureOf(const QMetaMethod &method)
-{
-    return method.signature();
-}
-#else
-QByteArray signatureOf(const QMetaMethod &method)
-{
-    return method.methodSignature();
-}
-#endif
-
 QByteArray resultOf(const QMetaMethod &method)
 {
     const QByteArray type = method.typeName();
@@ -46,10 +35,8 @@ QString describe(const QMetaProperty &property)
     line += property.isWritable() ? "rw" : "r";
     if (property.isConstant())
         line += " constant";
-    if (property.hasNotifySignal()) {
-        const QByteArray notify = signatureOf(property.notifySignal());
-        line += ' ' + notify.left(notify.indexOf('('));
-    }
+    if (property.hasNotifySignal())
+        line += ' ' + nameOf(property.notifySignal());
     return QString::fromLatin1(line);
 }
 

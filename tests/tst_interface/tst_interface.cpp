@@ -4,6 +4,7 @@
 #include "directory/file.h"
 #include "directory/path.h"
 #include "support/qmltypes.h"
+#include "support/referencepage.h"
 #include "support/testdir.h"
 #include "tree/filetreevieweritem.h"
 #include "usb/usb.h"
@@ -43,12 +44,16 @@ QByteArray lint(const QByteArray &screen)
 #endif
 } // namespace
 
+Q_DECLARE_METATYPE(const QMetaObject *)
+
 class tst_Interface : public QObject
 {
     Q_OBJECT
 
 private slots:
     void theTypesForToolsAreThoseOfTheModule();
+    void theReferenceHasEveryMember_data();
+    void theReferenceHasEveryMember();
 #if QT_VERSION >= 0x050000
     void aLinterFindsWrongNames_data();
     void aLinterFindsWrongNames();
@@ -71,6 +76,29 @@ void tst_Interface::theTypesForToolsAreThoseOfTheModule()
         QFAIL(
             "the types are other ones now; take over plugins.qmltypes from the folder of the test");
     }
+}
+
+void tst_Interface::theReferenceHasEveryMember_data()
+{
+    QTest::addColumn<const QMetaObject *>("type");
+    QTest::newRow("Directory") << &Directory::staticMetaObject;
+    QTest::newRow("File") << &File::staticMetaObject;
+    QTest::newRow("Path") << &Path::staticMetaObject;
+    QTest::newRow("USB") << &USB::staticMetaObject;
+    QTest::newRow("FileTreeViewerItem") << &FileTreeViewerItem::staticMetaObject;
+}
+
+void tst_Interface::theReferenceHasEveryMember()
+{
+    QFETCH(const QMetaObject *, type);
+    const QStringList written = membersOnPage(contents(
+        QString("%1/%2.md").arg(FILEBROWSER_REFERENCE, QString::fromLatin1(type->className()))));
+    const QStringList real = membersForPage(*type);
+    // One by one, so that the first that differs is named.
+    for (int i = 0; i < qMin(written.size(), real.size()); ++i)
+        QCOMPARE(written.at(i), real.at(i));
+    QCOMPARE(written.size(), real.size());
+    QVERIFY(!real.isEmpty());
 }
 
 #if QT_VERSION >= 0x050000
