@@ -34,6 +34,20 @@ int openDescriptors()
     return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size();
 }
 
+/** The same, once the threads that Qt has started have opened their own. */
+int settledDescriptors()
+{
+    const useconds_t aWhile = 20000;
+    int before = -1;
+    int now = openDescriptors();
+    while (now != before && QDir("/proc/self/task").count() > 3) { // ".", ".." and this one
+        usleep(aWhile);
+        before = now;
+        now = openDescriptors();
+    }
+    return now;
+}
+
 // Without a call that an operation makes too: how often it is made in here is a matter of chance.
 void waitForTracer()
 {
@@ -51,7 +65,7 @@ void perform(Operation *operation, const QStringList &excuses, Complaints *compl
     };
     operation->prepare();
     const uid_t user = geteuid();
-    const int descriptors = openDescriptors();
+    const int descriptors = settledDescriptors();
     waitForTracer();
     alarm(deadlineSeconds); // a mutex that is still locked ends this process
 

@@ -67,9 +67,10 @@ QStringList errorsOf(const QString &call)
             errors.insert(name, ofPaths + " ENOSPC EROFS EMFILE EINTR");
         for (const char *name : {"read", "pread64", "readv", "getdents64", "getdents"})
             errors.insert(name, "EIO EINTR ENOMEM");
-        for (const char *name :
-             {"write", "writev", "sendfile", "sendfile64", "copy_file_range", "close", "fsync"})
-            errors.insert(name, "ENOSPC EIO EINTR");
+        for (const char *name : {"write", "writev", "sendfile", "sendfile64", "copy_file_range"})
+            errors.insert(name, "ENOSPC EIO EINTR EFBIG");
+        for (const char *name : {"close", "fsync"})
+            errors.insert(name, "EIO ENOSPC EINTR");
         for (const char *name : {"setresuid", "setresuid32", "setreuid"})
             errors.insert(name, "EAGAIN EPERM ENOMEM");
         for (const char *name : {"umount", "umount2"})
