@@ -1,5 +1,7 @@
 #include "pointerbridge.h"
 
+#include "pointerevent.h"
+
 #include <QApplication>
 #include <QGraphicsItem>
 #include <QGraphicsSceneMouseEvent>
@@ -45,7 +47,7 @@ void PointerBridge::setWindow(QQuickWindow *window)
 void PointerBridge::press(QMouseEvent *event)
 {
     if (beginsDoubleClick(*event)) {
-        m_heldPress.reset(new QMouseEvent(*event));
+        m_heldPress.reset(PointerEvent::copy(*event));
         event->accept();
         return;
     }
@@ -136,7 +138,7 @@ bool PointerBridge::beginsDoubleClick(const QMouseEvent &press)
     if (!isSecondTap(press) && !isAnnounced) {
         return false;
     }
-    const QGraphicsItem *target = m_scene->itemAt(press.localPos(), QTransform());
+    const QGraphicsItem *target = m_scene->itemAt(PointerEvent::position(press), QTransform());
     return target && target->parentItem();
 }
 
@@ -147,12 +149,12 @@ bool PointerBridge::isSecondTap(const QMouseEvent &press)
         return false;
     }
     const QStyleHints *hints = QGuiApplication::styleHints();
-    const QPoint way = press.globalPos() - m_tapPosition;
+    const QPoint way = PointerEvent::screenPosition(press) - m_tapPosition;
     const bool isSecond = m_tapTime && qAbs(way.x()) <= hints->touchDoubleTapDistance() &&
                           qAbs(way.y()) <= hints->touchDoubleTapDistance() &&
                           press.timestamp() - m_tapTime < ulong(hints->mouseDoubleClickInterval());
     m_tapTime = isSecond ? 0 : press.timestamp();
-    m_tapPosition = press.globalPos();
+    m_tapPosition = PointerEvent::screenPosition(press);
     return isSecond;
 }
 
@@ -167,8 +169,8 @@ void PointerBridge::sendHeldPress()
 bool PointerBridge::send(QEvent::Type type, const QMouseEvent &event)
 {
     QGraphicsSceneMouseEvent sceneEvent(type);
-    sceneEvent.setScenePos(event.localPos());
-    sceneEvent.setScreenPos(event.globalPos());
+    sceneEvent.setScenePos(PointerEvent::position(event));
+    sceneEvent.setScreenPos(PointerEvent::screenPosition(event));
     sceneEvent.setLastScenePos(m_lastScenePosition);
     sceneEvent.setLastScreenPos(m_lastScreenPosition);
     sceneEvent.setButton(event.button());
@@ -178,8 +180,8 @@ bool PointerBridge::send(QEvent::Type type, const QMouseEvent &event)
     sceneEvent.setFlags(event.flags());
     sceneEvent.ignore();
     m_buttons = event.buttons();
-    m_lastScenePosition = event.localPos();
-    m_lastScreenPosition = event.globalPos();
+    m_lastScenePosition = PointerEvent::position(event);
+    m_lastScreenPosition = PointerEvent::screenPosition(event);
     QCoreApplication::sendEvent(m_scene, &sceneEvent);
     return sceneEvent.isAccepted();
 }

@@ -2,6 +2,7 @@
 
 #include "itemscene.h"
 #include "pointerbridge.h"
+#include "pointerevent.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>
@@ -42,12 +43,25 @@ void QDeclarativeItem::paint(QPainter *, const QStyleOptionGraphicsItem *, QWidg
 {
 }
 
+#if QT_VERSION < 0x060000
 void QDeclarativeItem::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChanged(newGeometry, oldGeometry);
+    notePlace(newGeometry, oldGeometry);
+}
+#else
+void QDeclarativeItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    notePlace(newGeometry, oldGeometry);
+}
+#endif
+
+void QDeclarativeItem::notePlace(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     if (newGeometry.size() != oldGeometry.size()) {
         schedulePicture();
     }
-    QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 
 void QDeclarativeItem::itemChange(ItemChange change, const ItemChangeData &value)
@@ -160,7 +174,8 @@ void QDeclarativeItem::hoverEnterEvent(QHoverEvent *event)
 
 void QDeclarativeItem::hoverMoveEvent(QHoverEvent *event)
 {
-    m_pointer->hover(event->posF(), mapToGlobal(event->posF()).toPoint());
+    const QPointF position = PointerEvent::position(*event);
+    m_pointer->hover(position, mapToGlobal(position).toPoint());
 }
 
 void QDeclarativeItem::hoverLeaveEvent(QHoverEvent *)

@@ -99,7 +99,11 @@ protected:
     using QGraphicsItem::mouseReleaseEvent;
     using QGraphicsItem::wheelEvent;
 
+#if QT_VERSION < 0x060000
     void geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+#else
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+#endif
     void itemChange(ItemChange change, const ItemChangeData &value) override;
     void updatePolish() override;
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
@@ -120,6 +124,8 @@ private slots:
 
 private:
     Q_DISABLE_COPY(QDeclarativeItem)
+
+    void notePlace(const QRectF &newGeometry, const QRectF &oldGeometry);
 
     // These would act in the private scene alone.
     using QGraphicsItem::hide;

@@ -397,6 +397,9 @@ public slots:
     QString getSoilFluxDirectory();
 
 private:
+    // What QML counts list items with: not an int on every line of Qt.
+    typedef decltype(QDeclarativeListProperty<File>().count(nullptr)) ListSize;
+
     void verifyRoot();
     void refreshFileList();
     void refreshPathList();
@@ -415,14 +418,14 @@ private:
     void scheduleRefresh();
 
     static void appendFile(QDeclarativeListProperty<File> *list, File *file);
-    static File *fileAt(QDeclarativeListProperty<File> *list, int index);
-    static int fileSize(QDeclarativeListProperty<File> *list);
+    static File *fileAt(QDeclarativeListProperty<File> *list, ListSize index);
+    static ListSize fileSize(QDeclarativeListProperty<File> *list);
     static void appendPath(QDeclarativeListProperty<Path> *list, Path *path);
-    static Path *pathAt(QDeclarativeListProperty<Path> *list, int index);
-    static int pathSize(QDeclarativeListProperty<Path> *list);
+    static Path *pathAt(QDeclarativeListProperty<Path> *list, ListSize index);
+    static ListSize pathSize(QDeclarativeListProperty<Path> *list);
     static void appendFilter(QDeclarativeListProperty<QString> *list, QString *filter);
-    static QString *filterAt(QDeclarativeListProperty<QString> *list, int index);
-    static int filterSize(QDeclarativeListProperty<QString> *list);
+    static QString *filterAt(QDeclarativeListProperty<QString> *list, ListSize index);
+    static ListSize filterSize(QDeclarativeListProperty<QString> *list);
 
     QDir m_dir;              // on the current path since the last listing that could enter it
     FolderListing m_listing; // of the folder that was last read, before filtering

@@ -24,12 +24,12 @@ void Directory::appendFile(QDeclarativeListProperty<File> *, File *)
 {
 }
 
-File *Directory::fileAt(QDeclarativeListProperty<File> *list, int index)
+File *Directory::fileAt(QDeclarativeListProperty<File> *list, ListSize index)
 {
     return owner(list)->m_files.value(index);
 }
 
-int Directory::fileSize(QDeclarativeListProperty<File> *list)
+Directory::ListSize Directory::fileSize(QDeclarativeListProperty<File> *list)
 {
     return owner(list)->m_files.size();
 }
@@ -48,12 +48,12 @@ void Directory::appendPath(QDeclarativeListProperty<Path> *, Path *)
 {
 }
 
-Path *Directory::pathAt(QDeclarativeListProperty<Path> *list, int index)
+Path *Directory::pathAt(QDeclarativeListProperty<Path> *list, ListSize index)
 {
     return owner(list)->m_paths.value(index);
 }
 
-int Directory::pathSize(QDeclarativeListProperty<Path> *list)
+Directory::ListSize Directory::pathSize(QDeclarativeListProperty<Path> *list)
 {
     return owner(list)->m_paths.size();
 }
@@ -68,12 +68,12 @@ void Directory::appendFilter(QDeclarativeListProperty<QString> *, QString *)
 {
 }
 
-QString *Directory::filterAt(QDeclarativeListProperty<QString> *list, int index)
+QString *Directory::filterAt(QDeclarativeListProperty<QString> *list, ListSize index)
 {
     return owner(list)->m_filters.value(index);
 }
 
-int Directory::filterSize(QDeclarativeListProperty<QString> *list)
+Directory::ListSize Directory::filterSize(QDeclarativeListProperty<QString> *list)
 {
     return owner(list)->m_filters.size();
 }

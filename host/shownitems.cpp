@@ -1,6 +1,5 @@
 #include "host/shownitems.h"
 
-#include <QDeclarativeEngine>
 #include <QDeclarativeItem>
 #include <QDeclarativeListReference>
 #include <QDeclarativeView>
@@ -14,9 +13,8 @@ typedef std::function<bool(const QString &name)> NameTest;
 class Walk
 {
 public:
-    Walk(QDeclarativeEngine *engine, const NameTest &isWanted)
-        : m_engine(engine)
-        , m_isWanted(isWanted)
+    explicit Walk(const NameTest &isWanted)
+        : m_isWanted(isWanted)
     {
     }
 
@@ -33,7 +31,7 @@ public:
         if (m_isWanted(item->objectName())) {
             m_found << here;
         }
-        const QDeclarativeListReference children(item, "children", m_engine);
+        const QDeclarativeListReference children(item, "children");
         for (int i = 0; i < children.count(); ++i) {
             if (QObject *child = children.at(i)) { // Qt 4.8 lists plain graphics items as nothing
                 visit(child, here.place.topLeft());
@@ -47,14 +45,13 @@ public:
     }
 
 private:
-    QDeclarativeEngine *m_engine;
     NameTest m_isWanted;
     QList<ShownItem> m_found;
 };
 
 QList<ShownItem> search(const QDeclarativeView &view, const NameTest &isWanted)
 {
-    Walk walk(view.engine(), isWanted);
+    Walk walk(isWanted);
     if (QObject *root = view.rootObject()) {
         walk.visit(root, QPointF());
     }

@@ -1,14 +1,19 @@
 # What ./run, ./test and scripts/check-style share: their options, the packages, the build. Sourced at the project's root.
 # shellcheck shell=sh
 
-# What a bare Debian 12 or 13 lacks, in the order build, look of the screens, private instrument.
-packages='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qml-module-qtquick2
+# What a bare Debian 12 or 13 lacks beside Qt, in the order build, look of the screens, private
+# instrument.
+packages='g++ cmake ninja-build
     fonts-open-sans fonts-dejavu-core
     uidmap'
+qt5_packages='qtbase5-dev qtdeclarative5-dev qml-module-qtquick2'
+qt6_packages='qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtqml
+    qml6-module-qtqml-models qml6-module-qtqml-workerscript'
 
 # For lines in each script's usage().
 build_options='  --debug            build without optimisation, with debug information, in a folder of its own
   --sanitize         build with the address and undefined-behaviour sanitizers, likewise
+  --qt6              build for Qt 6 instead of Qt 5.15, likewise
   --qmake <path>     build for the Qt 4.8 that this qmake belongs to, likewise
   --help             show this text'
 
@@ -16,6 +21,7 @@ build=build
 build_type=Release
 benchmarks=OFF
 sanitize=OFF
+qt=5
 qmake=
 
 fail() {
@@ -36,6 +42,10 @@ take_build_option() {
         build_type=Debug
         build=$build-sanitize
         ;;
+    --qt6)
+        qt=6
+        build=$build-qt6
+        ;;
     --qmake)
         [ $# -gt 1 ] || fail "--qmake needs the path of a qmake"
         qmake=$2
@@ -48,6 +58,14 @@ take_build_option() {
         exit 0
         ;;
     *) fail "unknown option $1; try --help" ;;
+    esac
+}
+
+# for_qt <packages for Qt 5> <packages for Qt 6>: those for the Qt that was chosen.
+for_qt() {
+    case $qt in
+    5) echo "$1" ;;
+    6) echo "$2" ;;
     esac
 }
 
@@ -86,12 +104,13 @@ install_missing_packages() {
 
 # build_project [target...]
 build_project() {
+    packages="$packages $(for_qt "$qt5_packages" "$qt6_packages")"
     install_missing_packages
     # What was installed just now may be what the build could do without so far.
     if [ ! -e "$build/build.ninja" ] || [ -n "${missing-}" ]; then
         cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE="$build_type" \
             -DFILEBROWSER_SANITIZE="$sanitize" -DFILEBROWSER_BENCHMARKS="$benchmarks" \
-            -DQT_QMAKE_EXECUTABLE="$qmake"
+            -DFILEBROWSER_QT="$qt" -DQT_QMAKE_EXECUTABLE="$qmake"
     fi
     ninja -C "$build" "$@"
 }

@@ -23,10 +23,12 @@ QByteArray kindOf(const QMetaMethod &method)
     }
 }
 
-// Qt names the 64-bit numbers in two ways.
+// Qt names the 64-bit numbers in two ways, and Qt 6 a list property by what stands behind the name.
 QByteArray inOneWay(QByteArray types)
 {
-    return types.replace("qlonglong", "qint64").replace("qulonglong", "quint64");
+    return types.replace("qlonglong", "qint64")
+        .replace("qulonglong", "quint64")
+        .replace("QQmlListProperty<", "QDeclarativeListProperty<");
 }
 
 QString describe(const QMetaProperty &property)

@@ -326,7 +326,7 @@ void tst_Faults::everyCallFailsOnce()
                     QString("%1 %2 %3: %4").arg(call.name).arg(call.number).arg(how, complaint));
         }
     }
-    qDebug("%d calls, %d trials", calls.size(), trials);
+    qDebug("%d calls, %d trials", int(calls.size()), trials);
     QVERIFY2(wrong.isEmpty(), qPrintable('\n' + wrong.join("\n")));
 }
 

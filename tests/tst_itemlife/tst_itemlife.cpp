@@ -33,7 +33,7 @@ private:
 
 void pressWithFinger(QWidget *view)
 {
-    static QTouchDevice *const device = QTest::createTouchDevice();
+    static auto *const device = QTest::createTouchDevice();
     QTest::touchEvent(view, device).press(0, spot, view);
 }
 } // namespace

@@ -8,6 +8,8 @@ namespace {
 // The probe's own (10, 10) in the view.
 const QPoint spot(30, 20);
 
+typedef decltype(QTest::createTouchDevice()) TouchDevice;
+
 /** A finger on a view's screen. */
 class Finger
 {
@@ -15,23 +17,21 @@ public:
     explicit Finger(QWidget *view)
         : m_view(view)
     {
-        static QTouchDevice *const device = QTest::createTouchDevice();
-        m_device = device;
     }
 
     void press(const QPoint &at)
     {
-        QTest::touchEvent(m_view, m_device).press(0, at, m_view);
+        QTest::touchEvent(m_view, device()).press(0, at, m_view);
     }
 
     void move(const QPoint &to)
     {
-        QTest::touchEvent(m_view, m_device).move(0, to, m_view);
+        QTest::touchEvent(m_view, device()).move(0, to, m_view);
     }
 
     void release(const QPoint &at)
     {
-        QTest::touchEvent(m_view, m_device).release(0, at, m_view);
+        QTest::touchEvent(m_view, device()).release(0, at, m_view);
     }
 
     void tap(const QPoint &at)
@@ -41,8 +41,13 @@ public:
     }
 
 private:
+    static TouchDevice device()
+    {
+        static const TouchDevice theDevice = QTest::createTouchDevice();
+        return theDevice;
+    }
+
     QWidget *m_view;
-    QTouchDevice *m_device;
 };
 
 /** Turns the mouse wheel by @p angle, in eighths of a degree. */
@@ -302,7 +307,7 @@ void tst_PointerBridge::aTapDoesNotMoveToTheMouse()
 void tst_PointerBridge::aSecondFingerIsNobodysClick()
 {
     ProbeScreen screen;
-    QTouchDevice *device = QTest::createTouchDevice();
+    const TouchDevice device = QTest::createTouchDevice();
     const QPoint elsewhere(80, 60);
 
     QTest::touchEvent(&screen.view, device).press(0, spot, &screen.view);
