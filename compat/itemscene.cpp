@@ -1,5 +1,11 @@
 #include "itemscene.h"
 
+#if QT_VERSION >= 0x060000
+#include "sheetdelegate.h"
+
+#include <QAbstractItemView>
+#endif
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsProxyWidget>
@@ -55,6 +61,13 @@ void ItemScene::drawBackground(QPainter *painter, const QRectF &)
 
 bool ItemScene::eventFilter(QObject *watched, QEvent *event)
 {
+#if QT_VERSION >= 0x060000
+    if (event->type() == QEvent::Show && shows(watched)) {
+        if (QAbstractItemView *view = qobject_cast<QAbstractItemView *>(watched)) {
+            SheetDelegate::install(view);
+        }
+    }
+#endif
     if (event->type() != QEvent::UpdateRequest || m_isDrawing || !shows(watched)) {
         return QGraphicsScene::eventFilter(watched, event);
     }
