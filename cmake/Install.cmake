@@ -9,6 +9,7 @@ function(ask_qmake property variable)
     set(${variable} ${answer} PARENT_SCOPE)
 endfunction()
 
+ask_qmake(QT_VERSION FILEBROWSER_QT_VERSION)
 ask_qmake(QT_INSTALL_PREFIX qt_prefix)
 if(FILEBROWSER_QT_LINE EQUAL 4)
     ask_qmake(QT_INSTALL_IMPORTS qml_dir)

@@ -23,8 +23,8 @@ const char usage[] =
     "\n"
     "Shows the screens of the file browser in a window of the size of the instrument's display.\n"
     "\n"
-    "  --imports DIR  folder with the module, by default the one of this build\n"
-    "  --screens PATH folder with Main.qml, or any QML file, by default those of this build\n"
+    "  --imports DIR  folder with the module, by default the one of this build or of Qt\n"
+    "  --screens PATH folder with Main.qml, or any QML file, by default the example screens\n"
     "  --picture FILE write a picture (PNG) of the screens to FILE one second after they are "
     "shown,\n"
     "                 and end\n"
@@ -38,13 +38,16 @@ const char usage[] =
 struct Options
 {
     Options()
-        : imports(builtFolder("imports"))
-        , screens(builtFolder("screens"))
+        : imports(beside("imports"))
+        , screens(beside("screens"))
         , isUnderstood(true)
     {
+        if (!QFileInfo(screens).isDir()) // not in a build folder: installed
+            screens = beside("share/filebrowser-viewer/screens");
     }
 
-    static QString builtFolder(const QString &name)
+    // A folder that was made with the program.
+    static QString beside(const QString &name)
     {
         return QDir::cleanPath(QApplication::applicationDirPath() + "/../" + name);
     }
