@@ -182,6 +182,7 @@ bool PointerBridge::send(QEvent::Type type, const QMouseEvent &event)
     m_buttons = event.buttons();
     m_lastScenePosition = PointerEvent::position(event);
     m_lastScreenPosition = PointerEvent::screenPosition(event);
+    const PointerEvent::KeptPoint kept(event);
     QCoreApplication::sendEvent(m_scene, &sceneEvent);
     return sceneEvent.isAccepted();
 }

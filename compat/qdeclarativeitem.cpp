@@ -140,14 +140,6 @@ QSGNode *QDeclarativeItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 void QDeclarativeItem::mousePressEvent(QMouseEvent *event)
 {
     m_pointer->press(event);
-#if QT_VERSION >= 0x060000
-    // All mouse events of a device share one point. Those that the scene sends to its widgets on
-    // the way leave it as one that has moved, and Qt Quick gives the mouse to who accepts a press
-    // alone.
-    if (event->isAccepted()) {
-        grabMouse();
-    }
-#endif
 }
 
 void QDeclarativeItem::mouseMoveEvent(QMouseEvent *event)

@@ -70,6 +70,9 @@ private slots:
     void aDoubleClickIsNoPress();
     void aDoubleClickOfAWindowIsNoPress();
     void twoSlowClicksAreTwo();
+    void tenClicksInARowAllArrive();
+    void tenTapsInARowAllArrive_data();
+    void tenTapsInARowAllArrive();
     void aTapArrivesAsAClick_data();
     void aTapArrivesAsAClick();
     void aFingersWayArrivesAsADrag_data();
@@ -174,6 +177,41 @@ void tst_PointerBridge::twoSlowClicksAreTwo()
 
     QCOMPARE(screen.item->probe()->take(),
              QString("press 10,10; release 10,10; press 10,10; release 10,10"));
+}
+
+void tst_PointerBridge::tenClicksInARowAllArrive()
+{
+    ProbeScreen screen;
+    screen.item->probe()->setMouseTracking(true);
+
+    for (int i = 0; i < 10; ++i) {
+        QTest::mouseClick(&screen.view, Qt::LeftButton, Qt::NoModifier, spot);
+        QStringList events = screen.item->probe()->take().split("; ");
+        events.removeAll("hover 10,10");
+        QCOMPARE(events.join("; "), QString("press 10,10; release 10,10"));
+    }
+}
+
+void tst_PointerBridge::tenTapsInARowAllArrive_data()
+{
+    aTapArrivesAsAClick_data();
+}
+
+void tst_PointerBridge::tenTapsInARowAllArrive()
+{
+    QFETCH(bool, viewTakesTouches);
+    ProbeScreen screen;
+    screen.item->probe()->setMouseTracking(true);
+    screen.view.setAttribute(Qt::WA_AcceptTouchEvents, viewTakesTouches);
+    Finger finger(&screen.view);
+
+    for (int i = 0; i < 10; ++i) {
+        finger.tap(spot);
+        QStringList events = screen.item->probe()->take().split("; ");
+        events.removeAll("hover 10,10");
+        events.replaceInStrings("double click", "press");
+        QCOMPARE(events.join("; "), QString("press 10,10; release 10,10"));
+    }
 }
 
 void tst_PointerBridge::aTapArrivesAsAClick_data()

@@ -54,6 +54,30 @@ QImage onWhite(const QString &path)
     return result;
 }
 
+/** The cell of @p row as the tree shows it. */
+QImage cellPicture(const TreeParts &parts, const QString &path)
+{
+    return picture(parts.view->viewport()).copy(parts.view->visualRect(parts.row(path)));
+}
+
+/** What is drawn in @p cell, from the first column of pixels to the last that differs from its
+ * ground, in the cell's full height. */
+QImage drawn(const QImage &cell)
+{
+    const QRgb ground = cell.pixel(0, 0);
+    int left = cell.width();
+    int right = -1;
+    for (int x = 0; x < cell.width(); ++x) {
+        for (int y = 0; y < cell.height(); ++y) {
+            if (cell.pixel(x, y) != ground) {
+                left = qMin(left, x);
+                right = x;
+            }
+        }
+    }
+    return cell.copy(left, 0, right - left + 1, cell.height());
+}
+
 int threads()
 {
     return QDir("/proc/self/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot).count();
@@ -73,6 +97,7 @@ private slots:
     void aTouchOnABranchOpensItAndIsNoTouchOfTheRow();
     void withoutRootBranchesATouchStillOpensAFolder();
     void aTouchOnACheckBoxChecksAndIsNoTouchOfTheRow();
+    void tenTouchesInARowAllCount();
     void aTouchBesideTheRowsDoesNothing();
     void theHeaderSortsByTouch();
     void openDirsGoesIntoTheFolder();
@@ -83,6 +108,8 @@ private slots:
     void theHeaderHasItsColor();
     void theSelectedRowHasItsColor();
     void checkBoxesAre32PixelsWide();
+    void aBoxLeavesImageAndTextAsTheyAre_data();
+    void aBoxLeavesImageAndTextAsTheyAre();
     void scrollBarsAre40PixelsWide();
 
     void theItemLivesAThousandTimes();
@@ -224,6 +251,26 @@ void tst_TreeScene::aTouchOnACheckBoxChecksAndIsNoTouchOfTheRow()
     scene.touch(scene.cell(dir.path("a.csv")));
     QCOMPARE(scene.item->currentFilename(), QString("a.csv"));
     QCOMPARE(scene.item->checkedFilesKB(), quint64(0));
+}
+
+void tst_TreeScene::tenTouchesInARowAllCount()
+{
+    const TestDir dir;
+    dir.file("a.csv", 5000);
+    TreeScene scene("isSelectable: true");
+    QVERIFY(scene.show(dir.path(), "a.csv"));
+    const TreeParts parts(scene.item);
+    const QRect row = parts.view->visualRect(parts.row(dir.path("a.csv")));
+    const QPoint box = scene.inScene(QPoint(row.left() + 20, row.center().y()));
+    for (int touches = 1; touches <= 10; ++touches) {
+        scene.touch(box);
+        QCOMPARE(scene.item->checkedFilesKB(), quint64(touches % 2 ? 5000 : 0));
+    }
+    SignalLog log(scene.item);
+    for (int touches = 1; touches <= 10; ++touches) {
+        scene.touch(scene.cell(dir.path("a.csv")));
+        QCOMPARE(log.take().count("currentFilenameChanged"), 1);
+    }
 }
 
 void tst_TreeScene::aTouchBesideTheRowsDoesNothing()
@@ -378,6 +425,53 @@ void tst_TreeScene::checkBoxesAre32PixelsWide()
     const QImage image = picture(parts.view->viewport());
     QCOMPARE(occurrences(empty, image), 1);
     QCOMPARE(occurrences(full, image), 1);
+}
+
+void tst_TreeScene::aBoxLeavesImageAndTextAsTheyAre_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isChecked");
+    QTest::addColumn<bool>("isSelected");
+    QTest::newRow("a file") << "a.csv" << false << false;
+    QTest::newRow("a folder") << "soil" << false << false;
+    QTest::newRow("a checked file") << "a.csv" << true << false;
+    QTest::newRow("a selected folder") << "soil" << false << true;
+    QTest::newRow("a selected, checked file") << "a.csv" << true << true;
+}
+
+void tst_TreeScene::aBoxLeavesImageAndTextAsTheyAre()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, isChecked);
+    QFETCH(bool, isSelected);
+    const TestDir dir;
+    dir.folder("soil");
+    dir.file("a.csv", 10);
+    const TreeScene scene;
+    QVERIFY(scene.show(dir.path(), "soil a.csv"));
+    const TreeParts parts(scene.item);
+    const QString path = dir.path(name);
+    if (isSelected)
+        parts.view->selectionModel()->select(parts.row(path), QItemSelectionModel::Select);
+    const QImage imageAndText = drawn(cellPicture(parts, path));
+
+    scene.item->setIsSelectable(true);
+    parts.view->doItemsLayout();
+    if (isChecked)
+        parts.proxyModel->setData(parts.row(path), Qt::Checked, Qt::CheckStateRole);
+    const QImage cell = cellPicture(parts, path);
+    const QImage all = drawn(cell);
+
+    // The box first, then the rest: each in one piece, as it was, and nothing else.
+    const int restAt = all.width() - imageAndText.width();
+    QVERIFY2(restAt >= 32, qPrintable(QString::number(restAt)));
+    QCOMPARE(all.copy(restAt, 0, imageAndText.width(), all.height()), imageAndText);
+    const QImage box = drawn(all.copy(0, 0, restAt, all.height()));
+    QVERIFY2(box.width() <= 32, qPrintable(QString::number(box.width())));
+    if (!isSelected) {
+        const QString image = isChecked ? "full" : "empty";
+        QCOMPARE(occurrences(onWhite(":/images/checkbox_" + image + ".png"), cell), 1);
+    }
 }
 
 void tst_TreeScene::scrollBarsAre40PixelsWide()
