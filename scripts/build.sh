@@ -1,4 +1,4 @@
-# What ./run, ./test and scripts/check-style share: their options, the packages, the build. Sourced at the project's root.
+# What the commands share: their options, the packages, the build. Sourced at the project's root.
 # shellcheck shell=sh
 
 # What a bare Debian 12 or 13 lacks beside Qt, in the order build, look of the screens, private
@@ -15,6 +15,7 @@ build_options='  --debug            build without optimisation, with debug infor
   --sanitize         build with the address and undefined-behaviour sanitizers, likewise
   --qt6              build for Qt 6 instead of Qt 5.15, likewise
   --qmake <path>     build for the Qt 4.8 that this qmake belongs to, likewise
+  --arm              build for 32-bit ARM with a Qt 5 from Debian, likewise, and run that with qemu
   --help             show this text'
 
 build=build
@@ -23,6 +24,7 @@ benchmarks=OFF
 sanitize=OFF
 qt=5
 qmake=
+arm=
 
 fail() {
     echo "$0: $*" >&2
@@ -52,6 +54,12 @@ take_build_option() {
         build=$build-qt4
         packages="$packages xvfb xauth"
         taken=2
+        ;;
+    --arm)
+        arm=yes
+        build=$build-arm
+        packages="$packages g++-arm-linux-gnueabihf"
+        . scripts/arm.sh
         ;;
     --help)
         usage
@@ -104,13 +112,17 @@ install_missing_packages() {
 
 # build_project [target...]
 build_project() {
+    [ -z "$arm" ] || [ "$sanitize $qt $qmake" = "OFF 5 " ] ||
+        fail "--arm goes with none of --sanitize, --qt6 and --qmake"
     packages="$packages $(for_qt "$qt5_packages" "$qt6_packages")"
     install_missing_packages
+    [ -z "$arm" ] || prepare_arm
     # What was installed just now may be what the build could do without so far.
     if [ ! -e "$build/build.ninja" ] || [ -n "${missing-}" ]; then
         cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE="$build_type" \
             -DFILEBROWSER_SANITIZE="$sanitize" -DFILEBROWSER_BENCHMARKS="$benchmarks" \
-            -DFILEBROWSER_QT="$qt" -DQT_QMAKE_EXECUTABLE="$qmake"
+            -DFILEBROWSER_QT="$qt" -DQT_QMAKE_EXECUTABLE="$qmake" \
+            ${arm:+-DCMAKE_TOOLCHAIN_FILE="$arm_toolchain" -DDEVICE_SYSROOT="$arm_sysroot"}
     fi
     ninja -C "$build" "$@"
 }
