@@ -82,9 +82,14 @@ public slots:
     void listSelectedFiles();
 
     /**
-     * Starts to load the subfolders of @p path, which has just been loaded: connected to
-     * directoryLoaded(). Only while check boxes are shown and only for paths that contain the name
-     * of the instrument's account, in upper or lower case.
+     * Fetches what is below each row of @p path, which has just been loaded: connected to
+     * directoryLoaded(). Subfolders start to load. Files start to be watched, so that one that
+     * grows shows its size, and directoryLoaded() comes for each of them, too. Only while check
+     * boxes are shown and only for paths that contain the name of the instrument's account, in
+     * upper or lower case.
+     *
+     * Each row takes one of the watches that the kernel allows a user
+     * (fs.inotify.max_user_watches). What is beyond them Qt looks at once a second.
      */
     void readDirectory(const QString &path);
 

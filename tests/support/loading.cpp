@@ -3,29 +3,36 @@
 #include "support/waiting.h"
 
 #include <QFileSystemModel>
-#include <QSignalSpy>
 
-namespace {
-bool names(const QSignalSpy &loaded, const QString &path)
+LoadedPaths::LoadedPaths(QFileSystemModel &model)
+    : m_spy(&model, SIGNAL(directoryLoaded(QString)))
 {
-    for (int i = 0; i < loaded.count(); ++i) {
-        if (loaded.at(i).first().toString() == path)
+}
+
+bool LoadedPaths::wait(const QString &path) const
+{
+    return waitUntil([&] { return contain(path); });
+}
+
+bool LoadedPaths::contain(const QString &path) const
+{
+    for (int i = 0; i < m_spy.count(); ++i) {
+        if (m_spy.at(i).first().toString() == path)
             return true;
     }
     return false;
 }
-} // namespace
 
 bool load(QFileSystemModel &model, const QString &path)
 {
-    const QSignalSpy loaded(&model, SIGNAL(directoryLoaded(QString)));
+    const LoadedPaths loaded(model);
     if (model.rootPath().isEmpty() || model.rootPath() == QLatin1String("."))
         model.setRootPath(path);
     else if (model.canFetchMore(model.index(path)))
         model.fetchMore(model.index(path));
     else
         return true;
-    return waitUntil([&] { return names(loaded, path); });
+    return loaded.wait(path);
 }
 
 bool isThere(const QFileSystemModel &model, const QString &folder, const QString &name)

@@ -1,9 +1,25 @@
 #ifndef LOADING_H
 #define LOADING_H
 
+#include <QSignalSpy>
 #include <QString>
 
 class QFileSystemModel;
+
+/** What a model announces as loaded, from the making of this object on. */
+class LoadedPaths
+{
+public:
+    explicit LoadedPaths(QFileSystemModel &model);
+
+    /** Waits until @p path has been announced. @return whether it was */
+    bool wait(const QString &path) const;
+
+private:
+    bool contain(const QString &path) const;
+
+    const QSignalSpy m_spy;
+};
 
 /**
  * Makes @p model read the folder @p path and waits until its rows are there. The first folder of a

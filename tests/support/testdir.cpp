@@ -89,6 +89,13 @@ void TestDir::file(const QString &name, qint64 bytes, time_t time) const
         setTimes(file.fileName(), time, time);
 }
 
+void TestDir::grow(const QString &name, int bytes) const
+{
+    QFile file(path(name));
+    check(file.open(QIODevice::Append) && file.write(QByteArray(bytes, 'x')) == bytes, "append to",
+          file.fileName());
+}
+
 void TestDir::folder(const QString &name) const
 {
     check(QDir().mkpath(path(name)), "make", path(name));

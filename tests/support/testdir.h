@@ -39,6 +39,9 @@ public:
     /** Writes the file @p name with @p bytes bytes. */
     void file(const QString &name, qint64 bytes, time_t time = 0) const;
 
+    /** Appends @p bytes bytes to the file @p name, as whoever writes a log does. */
+    void grow(const QString &name, int bytes) const;
+
     /** Makes the folder @p name, with missing parents. */
     void folder(const QString &name) const;
 

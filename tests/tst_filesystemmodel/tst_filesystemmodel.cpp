@@ -54,9 +54,11 @@ private slots:
     void foldersHaveTheFolderImageAndFilesNone();
     void everyIndexIsUserCheckable();
     void settersEmitNothing();
-    void subfoldersOfTheAccountsHomeArePreloaded_data();
-    void subfoldersOfTheAccountsHomeArePreloaded();
+    void rowsOfTheAccountsHomeArePreloaded_data();
+    void rowsOfTheAccountsHomeArePreloaded();
     void preloadingGoesOneLevelPerLoadedFolder();
+    void filesAreAnnouncedAsLoadedToo();
+    void aGrowingFileShowsItsNewSizeAndDate();
     void otherRolesAreSetByQtsModel();
 };
 
@@ -228,7 +230,7 @@ void tst_FileSystemModel::settersEmitNothing()
     QCOMPARE(log.names(), QStringList());
 }
 
-void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded_data()
+void tst_FileSystemModel::rowsOfTheAccountsHomeArePreloaded_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<bool>("selectable");
@@ -239,7 +241,7 @@ void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded_data()
     QTest::newRow("any case, anywhere in the path") << "/var/tmp/KOSTANZE/logs" << true << true;
 }
 
-void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded()
+void tst_FileSystemModel::rowsOfTheAccountsHomeArePreloaded()
 {
     QFETCH(QString, path);
     QFETCH(bool, selectable);
@@ -255,15 +257,12 @@ void tst_FileSystemModel::subfoldersOfTheAccountsHomeArePreloaded()
     model.fetched.clear();
     model.readDirectory(path);
 
-    // Folders only, in the order of their rows: a file has nothing to load.
-    QStringList folders;
+    QStringList rows;
     const QModelIndex folder = model.index(path);
-    for (int row = 0; row < model.rowCount(folder); ++row) {
-        if (model.isDir(model.index(row, 0, folder)))
-            folders << model.index(row, 0, folder).data().toString();
-    }
-    QCOMPARE(folders.count(), 2);
-    QCOMPARE(model.fetched, preloaded ? folders : QStringList());
+    for (int row = 0; row < model.rowCount(folder); ++row)
+        rows << model.index(row, 0, folder).data().toString();
+    QCOMPARE(rows.count(), 3);
+    QCOMPARE(model.fetched, preloaded ? rows : QStringList());
 }
 
 void tst_FileSystemModel::preloadingGoesOneLevelPerLoadedFolder()
@@ -280,6 +279,45 @@ void tst_FileSystemModel::preloadingGoesOneLevelPerLoadedFolder()
     QVERIFY(load(without, dir.path()));
     letTimePass(200);
     QVERIFY(!isThere(without, dir.path("soil"), "deep"));
+}
+
+void tst_FileSystemModel::filesAreAnnouncedAsLoadedToo()
+{
+    const TestDir dir("/home/ostan/logs");
+    dir.file("a.csv", 1);
+    dir.file("b.csv", 1);
+    dir.folder("soil");
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    const LoadedPaths loaded(model);
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(loaded.wait(dir.path("a.csv")));
+    QVERIFY(loaded.wait(dir.path("b.csv")));
+    QVERIFY(loaded.wait(dir.path("soil")));
+}
+
+// A log is written all day, and its folder stays the same.
+void tst_FileSystemModel::aGrowingFileShowsItsNewSizeAndDate()
+{
+    const TestDir dir("/home/ostan/logs");
+    dir.file("today.log", 1000, aDay);
+    FileSystemModel model;
+    model.setIsSelectable(true);
+    const LoadedPaths loaded(model);
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(loaded.wait(dir.path("today.log")));
+    const QPersistentModelIndex file = model.index(dir.path("today.log"));
+    QCOMPARE(model.size(file), qint64(1000));
+    QCOMPARE(model.lastModified(file), QDateTime::fromTime_t(aDay));
+
+    for (int i = 1; i <= 3; ++i) { // and is watched on
+        dir.grow("today.log", 5000);
+        QVERIFY(waitUntil([&] { return model.size(file) == 1000 + i * 5000; }));
+        QVERIFY(model.lastModified(file) > QDateTime::fromTime_t(aDay));
+        QCOMPARE(model.data(file, FileSystemModel::SizeRole), QVariant(qint64(1000 + i * 5000)));
+    }
+    QVERIFY(model.setData(file, Qt::Checked, Qt::CheckStateRole));
+    QCOMPARE(model.checkedFilesKB(), quint64(model.size(file)));
 }
 
 void tst_FileSystemModel::otherRolesAreSetByQtsModel()

@@ -1,6 +1,7 @@
 #include "tree/filetreevieweritem.h"
 
 #include "support/debuglog.h"
+#include "support/loading.h"
 #include "support/surface.h"
 #include "support/testdir.h"
 #include "support/tree.h"
@@ -44,6 +45,7 @@ private slots:
     void selectAllAndClearAllReachTheModel();
     void copyUnchecksAndLoadsTheDestination();
     void theTaggedPathReachesTheModel();
+    void aGrowingFileFindsItsPlaceInTheOrder();
 };
 
 void tst_FileTreeViewerItem::propertiesSignalsAndSlotsStandInTheirOrder()
@@ -376,6 +378,26 @@ void tst_FileTreeViewerItem::theTaggedPathReachesTheModel()
     QCOMPARE(tree.emitted(), QStringList());
     QCOMPARE(tree.parts.row(dir.path("a.csv")).data(Qt::ForegroundRole).value<QColor>(),
              QColor("#0076BC"));
+}
+
+void tst_FileTreeViewerItem::aGrowingFileFindsItsPlaceInTheOrder()
+{
+    const int sizeColumn = 1;
+    const TestDir dir("/home/ostan/logs");
+    dir.file("a.log", 1000);
+    dir.file("b.log", 3000);
+    Tree tree;
+    const LoadedPaths loaded(*tree.parts.model);
+    tree.item.setIsSelectable(true);
+    tree.parts.view->sortByColumn(sizeColumn, Qt::AscendingOrder);
+    QVERIFY(tree.show(dir.path(), "a.log b.log"));
+    QVERIFY(loaded.wait(dir.path("a.log")));
+    QVERIFY(loaded.wait(dir.path("b.log")));
+
+    dir.grow("a.log", 5000);
+    QVERIFY(tree.parts.waitFor(dir.path(), "b.log a.log"));
+    dir.grow("b.log", 5000);
+    QVERIFY(tree.parts.waitFor(dir.path(), "a.log b.log"));
 }
 
 QTEST_MAIN(tst_FileTreeViewerItem)
