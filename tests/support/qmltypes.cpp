@@ -1,6 +1,6 @@
 #include "support/qmltypes.h"
 
-#include "support/metamethod.h"
+#include "support/metanames.h"
 
 #include <QMetaEnum>
 #include <QMetaProperty>
@@ -26,13 +26,10 @@ QByteArray prototypeOf(const QMetaObject &type)
 // Lists are a mark on the property, and 64-bit numbers go by Qt's older names.
 QByteArray described(QByteArray type)
 {
-    const QByteArray list = "QDeclarativeListProperty<";
     if (type == "qint64" || type == "quint64")
         type.replace("int64", "longlong");
-    if (!type.startsWith(list))
-        return "type: " + quoted(type);
-    return "type: " + quoted(type.mid(list.size(), type.size() - list.size() - 1)) +
-           "; isList: true";
+    const QByteArray item = itemOfList(type);
+    return item.isEmpty() ? "type: " + quoted(type) : "type: " + quoted(item) + "; isList: true";
 }
 
 QByteArray describe(const QMetaEnum &values)

@@ -1,6 +1,6 @@
 #include "support/referencepage.h"
 
-#include "support/metamethod.h"
+#include "support/metanames.h"
 
 #include <QMetaEnum>
 #include <QMetaProperty>
@@ -15,9 +15,9 @@ QByteArray between(const QByteArray &text, const QByteArray &start, const QByteA
 
 QByteArray qmlType(QByteArray type)
 {
-    const QByteArray list = "QDeclarativeListProperty<";
-    if (type.startsWith(list))
-        return "list<" + qmlType(between(type, list, ">")) + ">";
+    const QByteArray item = itemOfList(type);
+    if (!item.isEmpty())
+        return "list<" + qmlType(item) + ">";
     type.replace("&", "");
     const int scope = type.lastIndexOf("::");
     if (scope >= 0)

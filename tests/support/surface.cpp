@@ -1,6 +1,6 @@
 #include "support/surface.h"
 
-#include "support/metamethod.h"
+#include "support/metanames.h"
 
 #include <QMetaProperty>
 

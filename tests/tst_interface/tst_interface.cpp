@@ -107,16 +107,18 @@ void tst_Interface::aLinterFindsWrongNames_data()
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QByteArray>("complaint");
     QTest::newRow("slot") << QByteArray("onFilesChanged: logs.refesh()")
-                          << QByteArray("Property \"refesh\" not found on type \"Fb.Directory\"");
+                          << QByteArray("\"refesh\" not found on type");
     QTest::newRow("handler") << QByteArray("onFilesChangd: logs.refresh()")
                              << QByteArray(
                                     "no matching signal found for handler \"onFilesChangd\"");
     QTest::newRow("property") << QByteArray("onFilesChanged: console.log(stick.usbAPth)")
-                              << QByteArray("Property \"usbAPth\" not found on type \"Fb.USB\"");
+                              << QByteArray("\"usbAPth\" not found on type");
 }
 
 void tst_Interface::aLinterFindsWrongNames()
 {
+    if (!QFile::exists(FILEBROWSER_QMLLINT))
+        QSKIP("this Qt comes without its linter");
     QFETCH(QByteArray, line);
     QFETCH(QByteArray, complaint);
     const QByteArray said = lint("import QtQml 2.0\nimport FileBrowser 1.0 as Fb\nFb.Directory {\n"
@@ -127,6 +129,8 @@ void tst_Interface::aLinterFindsWrongNames()
 
 void tst_Interface::aLinterIsContentWithRightNames()
 {
+    if (!QFile::exists(FILEBROWSER_QMLLINT))
+        QSKIP("this Qt comes without its linter");
     const QByteArray said = lint("import QtQml 2.0\nimport FileBrowser 1.0 as Fb\nFb.Directory {\n"
                                  "id: logs\nproperty QtObject usb: Fb.USB { id: stick }\n"
                                  "onFilesChanged: console.log(stick.usbAPath, logs.files.length)\n"

@@ -1,5 +1,5 @@
-#ifndef METAMETHOD_H
-#define METAMETHOD_H
+#ifndef METANAMES_H
+#define METANAMES_H
 
 #include <QByteArray>
 #include <QMetaMethod>
@@ -21,4 +21,12 @@ inline QByteArray nameOf(const QMetaMethod &method)
     return signature.left(signature.indexOf('('));
 }
 
-#endif // METAMETHOD_H
+/** What a list of the type named @p type holds; empty when that is no list. */
+inline QByteArray itemOfList(const QByteArray &type)
+{
+    const QByteArray name = "ListProperty<"; // QDeclarative before it, or QQml as Qt 6 calls it
+    const int at = type.indexOf(name);
+    return at < 0 ? QByteArray() : type.mid(at + name.size()).replace(">", "");
+}
+
+#endif // METANAMES_H
