@@ -259,7 +259,12 @@ public slots:
     /** Changes the direction and sets its flag. @locks */
     void setSortOrder(Directory::SortOrder order);
 
-    /** Index in files of the entry named exactly @p filename, or -1. @locks */
+    /**
+     * Looks an entry up.
+     *
+     * @return the index in files of the entry named exactly @p filename, or -1
+     * @locks
+     */
     int getIndex(QString filename);
 
     /**

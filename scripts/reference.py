@@ -167,6 +167,7 @@ class Page:
             if name in self.names and (call or re.search(r"[a-z][A-Z]", name)):
                 return f"[`{name}{call}`](#{name})"
             return f"`{name}{call}`" if call else name
+        text = text.replace("see the class", "see the top of this page")
         return re.sub(r"@p (?P<parameter>\w+)|(?<![\w.`/\"])(?P<name>[A-Za-z]\w*)(?P<call>\([^()\s]*\))?", mark, text)
 
     def add_text(self, text):
@@ -177,8 +178,13 @@ class Page:
             for paragraph in filter(None, (p.strip() for p in part.split("\n\n"))):
                 self.add(*(self.marked(line) for line in paragraph.splitlines()), "")
 
-    def add_heading(self, name, text):
-        self.add(f'<a id="{name}"></a>', f"### `{text}`", "")
+    def add_heading(self, anchor, text):
+        self.add(f'<a id="{anchor}"></a>', f"### `{text}`", "")
+
+    def anchor(self, slot):
+        """A slot may have the name of a property, whose anchor it leaves alone."""
+        is_taken = any(member.name == slot.name for member in self.header.properties)
+        return slot.name + "-slot" if is_taken else slot.name
 
     def make(self):
         header = self.header
@@ -252,7 +258,7 @@ class Page:
         for member in slots:
             commands = member.comment.commands
             result = "" if member.result == "void" else f"`{member.result}`"
-            self.add(f"| [`{member.call()}`](#{member.name}) | {result} | {'yes' if 'throws' in commands else ''} "
+            self.add(f"| [`{member.call()}`](#{self.anchor(member)}) | {result} | {'yes' if 'throws' in commands else ''} "
                      f"| {'yes' if 'locks' in commands else ''} |")
         self.add("")
         for member in slots:
@@ -262,7 +268,7 @@ class Page:
 
     def add_slot(self, member):
         result = "" if member.result == "void" else f"{member.result} "
-        self.add_heading(member.name, result + member.call())
+        self.add_heading(self.anchor(member), result + member.call())
 
     def add_facts(self, member):
         commands = member.comment.commands
@@ -305,6 +311,7 @@ Words that every page uses:
   that the process has.
 - **Locks**: the slot waits for the object's mutex. It must not be called from a handler that runs while the mutex is
   held, which the signals in question say of themselves. Where nothing is said, a slot takes no lock.
+- A `QStringList` is a list of strings. A `QModelIndex` can't be made in QML: slots that take one are for C++.
 - A slot without a result tells nothing of its success, and one that returns `bool` says false on failure.
 """
 

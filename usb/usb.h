@@ -135,16 +135,18 @@ public slots:
      */
     void prepareUnmount(QString mountPath);
 
-    /** Ejects what is mounted on usbAPath, whether or not usbA is true. */
+    /** Ejects what is mounted on usbAPath, whether or not usbA is true. @locks */
     void ejectA();
 
-    /** Ejects what is mounted on usbBPath, whether or not usbB is true. */
+    /** Ejects what is mounted on usbBPath, whether or not usbB is true. @locks */
     void ejectB();
 
     /**
      * Writes all file systems out, unmounts the one on @p mnt and runs find() 1000 ms later. Until
      * then no property changes. A failed unmount, of a busy stick for one, is not reported: the
      * scan finds the stick again. Runs with the rights that the process has.
+     *
+     * @locks
      */
     void eject(QString mnt);
 
