@@ -7,7 +7,7 @@
 
 #include <QQuickWidget>
 
-/** Qt Declarative's view on Qt 5: the widget that shows a QML file. */
+/** Qt Declarative's view on Qt 5 and Qt 6: the widget that shows a QML file. */
 class QDeclarativeView : public QQuickWidget
 {
     Q_OBJECT

@@ -8,7 +8,7 @@ class FileBrowserPlugin : public QDeclarativeExtensionPlugin
 {
     Q_OBJECT
 #if QT_VERSION >= 0x050000
-    // Qt 5 finds a plugin by this record; Q_EXPORT_PLUGIN2 in the .cpp is Qt 4.8's way.
+    // Qt 5 and Qt 6 find a plugin by this record; Q_EXPORT_PLUGIN2 in the .cpp is Qt 4.8's way.
     Q_PLUGIN_METADATA(IID QQmlExtensionInterface_iid)
 #endif
 

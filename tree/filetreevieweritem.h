@@ -240,9 +240,9 @@ public slots:
     /**
      * Removes the selected entry, a folder with all its contents.
      *
-     * What Qt's model makes of a folder differs: Qt 5.15 removes a link to a folder and leaves its
-     * target alone, and tells whether all is gone. Qt 4.8 also empties the folders that links lead
-     * to, and tells whether anything was removed.
+     * What Qt's model makes of a folder differs: Qt 5.15 and later remove a link to a folder and
+     * leave its target alone, and tell whether all is gone. Qt 4.8 also empties the folders that
+     * links lead to, and tells whether anything was removed.
      *
      * @return the model's result, false with nothing selected
      * @throws std::runtime_error when the switch to the account fails
