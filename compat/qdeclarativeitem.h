@@ -12,8 +12,8 @@ class ItemScene;
 class PointerBridge;
 
 /**
- * Qt Declarative's item on Qt 5 and Qt 6: an item of Qt Quick's scene that takes graphics items, and with
- * them widgets, as children.
+ * Qt Declarative's item on Qt 5 and Qt 6: an item of Qt Quick's scene that takes graphics items,
+ * and with them widgets, as children.
  *
  * It is a QQuickItem and a QGraphicsItem in one. As a graphics item it is the only top-level item
  * of a private QGraphicsScene, whose picture it shows in Qt Quick's scene, and to which it hands on
