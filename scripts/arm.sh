@@ -11,17 +11,15 @@ arm_qemu=$arm_folder/qemu-arm
 
 # A package manager of its own for another architecture or suite: what the machine has installed stays
 # out of its sight, and the machine's package manager never hears of it.
-#   other_apt <architecture> <suite...>: prepares it, for "apt_get" to use.
+#   other_apt <architecture> <suite>: prepares it, for "apt_get" to use.
 other_apt() {
     apt_state=$arm_folder/apt
     rm -rf "$apt_state" "$arm_folder/unpacked"
     mkdir -p "$apt_state/lists/partial" "$apt_state/archives/partial" "$apt_state/none"
     : >"$apt_state/status"
     architecture=$1
-    shift
-    for suite; do
-        echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(mirror) $suite main"
-    done >"$apt_state/sources.list"
+    echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(mirror) $2 main" \
+        >"$apt_state/sources.list"
     apt_get update
 }
 
@@ -56,7 +54,7 @@ unpack() {
 # Debian's Qt for ARM with all that it needs, of the release that the machine has.
 make_sysroot() {
     echo "Making a file system for 32-bit ARM in $arm_sysroot"
-    other_apt armhf "$release" "$release-updates"
+    other_apt armhf "$release"
     apt_get install --download-only qtbase5-dev qtdeclarative5-dev qml-module-qtquick2 \
         libc6-dev "libstdc++-$(arm-linux-gnueabihf-g++ -dumpversion)-dev"
     root=$arm_folder/unpacked
