@@ -2,7 +2,10 @@
 
 #include "directory/wallclock.h"
 
+#include "common/filetime.h"
+
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include <QtAlgorithms>
@@ -21,6 +24,10 @@ struct SortItem
     int group;           ///< of folders or files, the smaller comes first whatever the key
 };
 
+// QDir of Qt 5 takes an entry without a time for as old as any other. No size and no name has this
+// key.
+const quint64 noTimeKey = std::numeric_limits<quint64>::max();
+
 quint64 largestFirst(qint64 number)
 {
     const quint64 signBit = Q_UINT64_C(1) << 63;
@@ -32,7 +39,7 @@ quint64 largestFirst(qint64 number)
 quint64 timeKey(const FolderEntry &entry, WallClock *clock)
 {
     if (entry.modified == noTime)
-        return largestFirst(0);
+        return noTimeKey;
 #if QT_VERSION < 0x050000
     Q_UNUSED(clock);
     return largestFirst(entry.modified / 1000);
@@ -113,7 +120,7 @@ public:
     {
         if (left.group != right.group)
             return left.group < right.group;
-        if (left.key != right.key)
+        if (left.key != right.key && left.key != noTimeKey && right.key != noTimeKey)
             return (left.key < right.key) != m_reversed;
         if (left.nextKey != right.nextKey)
             return (left.nextKey < right.nextKey) != m_reversed;

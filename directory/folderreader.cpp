@@ -1,17 +1,16 @@
 #include "directory/folderreader.h"
 
+#include "common/filetime.h"
+
 #include <QByteArray>
 #include <QFile>
 
 #include <cerrno>
-#include <limits>
 #include <memory>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-
-const qint64 noTime = std::numeric_limits<qint64>::min();
 
 namespace {
 struct CloseFolder
@@ -62,13 +61,13 @@ bool lookAt(int folder, const dirent &entry, FolderEntry *result)
     struct stat info;
     if (fstatat(folder, entry.d_name, &info, 0) == 0) {
         result->size = info.st_size;
-        result->modified = qint64(info.st_mtim.tv_sec) * 1000 + info.st_mtim.tv_nsec / 1000000;
+        result->modified = fileTime(info.st_mtim);
         result->isDir = S_ISDIR(info.st_mode);
         return S_ISREG(info.st_mode) || S_ISDIR(info.st_mode) || isLink(folder, entry);
     }
     // A folder that may be read but not entered still tells names and kinds.
     result->size = 0;
-    result->modified = noTime;
+    result->modified = fileTime(timespec());
     result->isDir = entry.d_type == DT_DIR;
     return errno != ENOENT && (entry.d_type == DT_DIR || entry.d_type == DT_REG);
 }

@@ -10,16 +10,13 @@ struct FolderEntry
 {
     QString name;
     qint64 size;     ///< bytes
-    qint64 modified; ///< milliseconds since 1970, or noTime
+    qint64 modified; ///< as fileTime() has it
     bool isDir;      ///< a folder, or a link to one
 };
 Q_DECLARE_TYPEINFO(FolderEntry, Q_MOVABLE_TYPE);
 
 /** Whether a folder tells the same about both. */
 bool operator==(const FolderEntry &left, const FolderEntry &right);
-
-/** The modification time of an entry that can be seen but not looked into. */
-extern const qint64 noTime;
 
 /**
  * Reads the entries of the folder @p path, in the folder's own order: those that QDir lists with

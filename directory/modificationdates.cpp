@@ -1,6 +1,6 @@
 #include "directory/modificationdates.h"
 
-#include "directory/folderreader.h"
+#include "common/filetime.h"
 
 #include <QDate>
 

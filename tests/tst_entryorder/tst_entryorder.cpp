@@ -125,9 +125,10 @@ void tst_EntryOrder::everyOrderIsThatOfQDir()
 {
     QFETCH(int, flags);
     const QDir::SortFlags order = QDir::SortFlags(flags);
+    const time_t beginningOf1970 = 0; // is no time to Qt 5
     for (unsigned seed = 1; seed <= 20; ++seed) {
         const TestDir dir;
-        fillWithTies(dir, seed, 1370000000);
+        fillWithTies(dir, seed, seed % 2 ? 1370000000 : beginningOf1970);
         const QStringList expected = QDir(dir.path()).entryList(listed, order);
         QVERIFY(expected.size() > 100);
         QCOMPARE(sortedNames(dir.path(), order), expected);

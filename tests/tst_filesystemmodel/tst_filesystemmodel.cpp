@@ -308,12 +308,12 @@ void tst_FileSystemModel::aGrowingFileShowsItsNewSizeAndDate()
     QVERIFY(loaded.wait(dir.path("today.log")));
     const QPersistentModelIndex file = model.index(dir.path("today.log"));
     QCOMPARE(model.size(file), qint64(1000));
-    QCOMPARE(model.lastModified(file), QDateTime::fromTime_t(aDay));
+    QCOMPARE(model.lastModified(file), QDateTime::fromMSecsSinceEpoch(aDay * Q_INT64_C(1000)));
 
     for (int i = 1; i <= 3; ++i) { // and is watched on
         dir.grow("today.log", 5000);
         QVERIFY(waitUntil([&] { return model.size(file) == 1000 + i * 5000; }));
-        QVERIFY(model.lastModified(file) > QDateTime::fromTime_t(aDay));
+        QVERIFY(model.lastModified(file) > QDateTime::fromMSecsSinceEpoch(aDay * Q_INT64_C(1000)));
         QCOMPARE(model.data(file, FileSystemModel::SizeRole), QVariant(qint64(1000 + i * 5000)));
     }
     QVERIFY(model.setData(file, Qt::Checked, Qt::CheckStateRole));
