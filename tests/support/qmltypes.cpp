@@ -15,7 +15,7 @@ QByteArray quoted(const QByteArray &text)
 // The type whose members are inherited, by the name that the Qt of this line has for it.
 QByteArray prototypeOf(const QMetaObject &type)
 {
-    const QByteArray name = type.superClass()->className();
+    QByteArray name = type.superClass()->className();
 #if QT_VERSION >= 0x050000
     if (name == "QDeclarativeItem")
         return "QQuickItem";

@@ -63,7 +63,7 @@ QStringList membersOnPage(const QByteArray &page)
     QStringList members;
     const QList<QByteArray> lines = page.split('\n');
     for (int i = 0; i < lines.size(); ++i) {
-        const QByteArray line = lines.at(i);
+        const QByteArray &line = lines.at(i);
         if (line.startsWith("### `")) {
             const QByteArray heading = between(line, "`", "`");
             if (heading.contains(" : "))
