@@ -1,6 +1,7 @@
 #ifndef SCREENS_H
 #define SCREENS_H
 
+#include "host/shownitems.h"
 #include "host/viewer.h"
 #include "host/visitor.h"
 #include "support/account.h"
@@ -81,6 +82,12 @@ public:
     QString text(const QString &name) const
     {
         return m_visitor.property(name, "text").toString();
+    }
+
+    /** What the item @p name looks like now, with what lies on top of it. */
+    QImage picture(const QString &name)
+    {
+        return m_viewer.picture().copy(shownItem(m_viewer, name).place.toRect());
     }
 
 private:

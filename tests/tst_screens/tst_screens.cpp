@@ -33,6 +33,8 @@ private slots:
     void aListStaysWhereItWasScrolled();
 
     void touchesMarkFilesAndTheFooterCountsThem();
+    void tenTouchesInARowAllCount_data();
+    void tenTouchesInARowAllCount();
     void selectAllLeavesFoldersOut();
     void marksOutliveAVisitElsewhere();
 
@@ -264,6 +266,29 @@ void TestScreens::touchesMarkFilesAndTheFooterCountsThem()
     QVERIFY(screens->taps("button:Clear"));
     QVERIFY(screens->sees("summary", "Nothing selected"));
     QCOMPARE(screens->property("row:one two.csv", "isMarked").toBool(), false);
+}
+
+void TestScreens::tenTouchesInARowAllCount_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::newRow("on a mark") << "mark:a.csv";
+    QTest::newRow("on a row") << "row:a.csv";
+}
+
+void TestScreens::tenTouchesInARowAllCount()
+{
+    QFETCH(QString, place);
+    const DataFolder logs("logs");
+    logs->file("a.csv", qint64(1024));
+    Screens screens;
+    QVERIFY(screens->sees("row:a.csv"));
+    const QImage unmarked = screens.picture("row:a.csv");
+    for (int touches = 1; touches <= 10; ++touches) {
+        QVERIFY(screens->taps(place));
+        const bool isMarked = touches % 2;
+        QCOMPARE(screens->property("row:a.csv", "isMarked").toBool(), isMarked);
+        QVERIFY(waitUntil([&] { return (screens.picture("row:a.csv") != unmarked) == isMarked; }));
+    }
 }
 
 void TestScreens::selectAllLeavesFoldersOut()
