@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
+#include <QSize>
 #include <QStringList>
 #include <QTextStream>
 #include <QTimer>
@@ -18,13 +20,16 @@ enum ExitCode { Fine = 0, Failed = 1, WrongUse = 2 };
 const int readingMs = 1000; // a tree reads its folders in the background meanwhile
 
 const char usage[] =
-    "Usage: filebrowser-viewer [--imports DIR] [--screens PATH] [--picture FILE | --tour DIR]\n"
+    "Usage: filebrowser-viewer [--imports DIR] [--screens PATH] [--size WxH] [--locale NAME]\n"
+    "                          [--picture FILE | --tour DIR]\n"
     "       filebrowser-viewer --version | --help\n"
     "\n"
     "Shows the screens of the file browser in a window of the size of the instrument's display.\n"
     "\n"
     "  --imports DIR  folder with the module, by default the one of this build or of Qt\n"
     "  --screens PATH folder with Main.qml, or any QML file, by default the example screens\n"
+    "  --size WxH     size of the window in pixels, by default 800x480\n"
+    "  --locale NAME  language and numbers, as in de_DE, by default the system's\n"
     "  --picture FILE write a picture (PNG) of the screens to FILE one second after they are "
     "shown,\n"
     "                 and end\n"
@@ -40,6 +45,7 @@ struct Options
     Options()
         : imports(beside("imports"))
         , screens(beside("screens"))
+        , size(800, 480)
         , isUnderstood(true)
     {
         if (!QFileInfo(screens).isDir()) // not in a build folder: installed
@@ -56,8 +62,20 @@ struct Options
     QString screens;
     QString picture;
     QString tour;
+    QSize size;
+    QLocale locale;
     bool isUnderstood;
 };
+
+// Invalid unless the text is two numbers with an "x" between them.
+QSize sizeFrom(const QString &text)
+{
+    bool isWidth = false;
+    bool isHeight = false;
+    const QSize size(text.section('x', 0, 0).toInt(&isWidth),
+                     text.section('x', 1).toInt(&isHeight));
+    return isWidth && isHeight ? size : QSize();
+}
 
 Options parse(QStringList arguments)
 {
@@ -71,6 +89,11 @@ Options parse(QStringList arguments)
             options.screens = arguments.takeFirst();
         } else if (option == "--picture" && !arguments.isEmpty()) {
             options.picture = arguments.takeFirst();
+        } else if (option == "--size" && !arguments.isEmpty()) {
+            options.size = sizeFrom(arguments.takeFirst());
+            options.isUnderstood = options.isUnderstood && options.size.isValid();
+        } else if (option == "--locale" && !arguments.isEmpty()) {
+            options.locale = QLocale(arguments.takeFirst());
         } else if (option == "--tour" && !arguments.isEmpty()) {
             options.tour = arguments.takeFirst();
         } else {
@@ -139,7 +162,8 @@ int main(int argc, char *argv[])
     }
 
     Viewer::chooseFonts();
-    Viewer viewer(options.imports);
+    Viewer::chooseLocale(options.locale, options.screens + "/translations");
+    Viewer viewer(options.imports, options.size);
     const QString problem = viewer.load(mainFile(options.screens));
     if (!problem.isEmpty()) {
         say(stderr, "filebrowser-viewer: can't show the screens\n" + problem);

@@ -1,6 +1,8 @@
 #include "host/viewer.h"
 
 #include "host/accountcheck.h"
+#include "host/diskcheck.h"
+#include "host/localenumbers.h"
 
 #include <QApplication>
 #include <QDeclarativeContext>
@@ -8,28 +10,40 @@
 #include <QDeclarativeError>
 #include <QDeclarativeItem>
 #include <QFont>
+#include <QLocale>
 #include <QStringList>
 #include <QTimer>
+#include <QTranslator>
 #include <QUrl>
 #include <QVariant>
 
 namespace {
-const QSize screenSize(800, 480); // the instrument's display
 const int fontPixels = 16;
-const int drawingMs = 100; // what is shown now is on the display by then
+
+QTranslator &translator()
+{
+    static QTranslator only;
+    return only;
+}
+
+bool loadTexts(const QString &language, const QString &folder)
+{
+    return translator().load("filebrowser_" + language, folder);
+}
 } // namespace
 
-Viewer::Viewer(const QString &imports)
+Viewer::Viewer(const QString &imports, const QSize &size)
 {
     engine()->addImportPath(imports);
     rootContext()->setContextProperty("account", new AccountCheck(this));
+    rootContext()->setContextProperty("disks", new DiskCheck(this));
+    rootContext()->setContextProperty("numbers", new LocaleNumbers(this));
     QTimer *afterDrawing = new QTimer(this);
     afterDrawing->setSingleShot(true);
-    afterDrawing->setInterval(drawingMs);
     rootContext()->setContextProperty("afterDrawing", afterDrawing);
     setResizeMode(SizeRootObjectToView);
     setWindowTitle("File browser");
-    setFixedSize(screenSize);
+    setFixedSize(size);
 }
 
 QString Viewer::load(const QString &path)
@@ -60,4 +74,17 @@ void Viewer::chooseFonts()
     QFont font("OpenSans");
     font.setPixelSize(fontPixels);
     QApplication::setFont(font);
+}
+
+// The direction last: Qt sets its own idea of it when texts are installed.
+void Viewer::chooseLocale(const QLocale &locale, const QString &translations)
+{
+    QLocale numbers = locale;
+    if (locale.language() == QLocale::C)
+        numbers.setNumberOptions(QLocale::OmitGroupSeparator); // only Qt 4.8 has to be told
+    QLocale::setDefault(numbers);
+    QApplication::removeTranslator(&translator());
+    if (loadTexts(locale.name(), translations) || loadTexts("en", translations))
+        QApplication::installTranslator(&translator());
+    QApplication::setLayoutDirection(locale.textDirection());
 }

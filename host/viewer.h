@@ -3,20 +3,24 @@
 
 #include <QDeclarativeView>
 #include <QImage>
+#include <QSize>
 #include <QString>
+
+class QLocale;
 
 /**
  * The window that stands in for the instrument's user-interface process: a declarative engine that
  * finds the module by its import path, as the instrument's does, and shows the screens.
  *
- * It gives them two context properties: "account", an AccountCheck, and "afterDrawing", a QTimer
- * for one turn of the event loop after what is shown at its start() has been drawn.
+ * It gives them context properties: "account", an AccountCheck; "disks", a DiskCheck; "numbers",
+ * LocaleNumbers; and "afterDrawing", a single-shot QTimer for what has to wait until the screen has
+ * been drawn: they set its interval.
  */
 class Viewer : public QDeclarativeView
 {
 public:
-    /** Folder below which the module FileBrowser stands. */
-    explicit Viewer(const QString &imports);
+    /** Folder below which the module FileBrowser stands, and the size of the display. */
+    explicit Viewer(const QString &imports, const QSize &size = QSize(800, 480));
 
     /**
      * Loads the screen in the file @p path.
@@ -33,6 +37,13 @@ public:
      * instrument calls the family that others know as "Open Sans".
      */
     static void chooseFonts();
+
+    /**
+     * Makes @p locale the one of the process, for screens that are loaded from now on: their texts
+     * come from a file in the folder @p translations, else they are English; their numbers, and the
+     * side where they begin, from the locale itself.
+     */
+    static void chooseLocale(const QLocale &locale, const QString &translations);
 };
 
 #endif // VIEWER_H

@@ -56,7 +56,7 @@ bool Visitor::misses(const QString &name)
 
 // Items get their places when the scene is drawn next: one that stands where it stood a frame ago
 // has arrived. Before, all tabs lie on top of each other.
-bool Visitor::taps(const QString &name)
+QRectF Visitor::placeInReach(const QString &name)
 {
     QRectF lastPlace;
     const bool isInReach = waitUntil(
@@ -68,10 +68,16 @@ bool Visitor::taps(const QString &name)
                    QRectF(m_viewer.rect()).contains(item.place.center());
         },
         patienceMs);
-    if (isInReach) {
-        m_finger.tap(lastPlace.center().toPoint());
+    return isInReach ? lastPlace : QRectF();
+}
+
+bool Visitor::taps(const QString &name)
+{
+    const QRectF place = placeInReach(name);
+    if (!place.isEmpty()) {
+        m_finger.tap(place.center().toPoint());
     }
-    return isInReach;
+    return !place.isEmpty();
 }
 
 bool Visitor::taps(const QString &name, const QPoint &place)
@@ -85,12 +91,12 @@ bool Visitor::taps(const QString &name, const QPoint &place)
 
 bool Visitor::drags(const QString &name, const QPoint &way)
 {
-    const ShownItem item = shownItem(m_viewer, name);
-    if (item.object) {
-        const QPoint from = item.place.center().toPoint();
+    const QRectF place = placeInReach(name);
+    if (!place.isEmpty()) {
+        const QPoint from = place.center().toPoint();
         m_finger.drag(from, from + way);
     }
-    return item.object;
+    return !place.isEmpty();
 }
 
 bool Visitor::types(const QString &text)
@@ -107,6 +113,12 @@ QVariant Visitor::property(const QString &name, const char *property) const
 {
     const ShownItem item = shownItem(m_viewer, name);
     return item.object ? item.object->property(property) : QVariant();
+}
+
+bool Visitor::sets(const QString &name, const char *property, const QVariant &value)
+{
+    const ShownItem item = shownItem(m_viewer, name);
+    return item.object && item.object->setProperty(property, value);
 }
 
 QStringList Visitor::names(const QString &beginning) const

@@ -4,8 +4,10 @@
 #include "host/finger.h"
 #include "host/viewer.h"
 
+#include <QRectF>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 /**
  * Somebody in front of the screens: looks for items by their objectName, waits for them as long as
@@ -33,7 +35,8 @@ public:
     /** Touches the item @p name at @p place, in its own pixels, without waiting. */
     bool taps(const QString &name, const QPoint &place);
 
-    /** Moves a finger that lies on the middle of the item @p name by @p way. */
+    /** Waits as taps() does, and moves a finger that lies on the middle of the item @p name by @p
+     * way. */
     bool drags(const QString &name, const QPoint &way);
 
     /** Types @p text on the keyboard of the screen: characters that have a key without shift. */
@@ -42,6 +45,10 @@ public:
     /** The property @p property of the front item @p name, invalid when none is shown. */
     QVariant property(const QString &name, const char *property) const;
 
+    /** Sets the property @p property of the item @p name, which need not be in sight. Returns
+     * whether there is one. */
+    bool sets(const QString &name, const char *property, const QVariant &value);
+
     /** Names of the items in sight that begin with @p beginning, without it, from top to bottom. */
     QStringList names(const QString &beginning) const;
 
@@ -49,6 +56,8 @@ public:
     static void rests(int ms);
 
 private:
+    QRectF placeInReach(const QString &name);
+
     Viewer &m_viewer;
     Finger m_finger;
 };

@@ -1,6 +1,8 @@
 import QtQuick 1.1
 import "components"
 import "components/style.js" as Style
+import "components/names.js" as Names
+import "components/words.js" as Words
 
 // The screens with what they share: tabs, sticks, actions and dialogs.
 Item {
@@ -21,7 +23,7 @@ Item {
         attempt(function () {
             if (task === "filter")
                 return tree.setFilter(name);
-            var problem = Style.nameProblem(name);
+            var problem = Words.nameProblem(name);
             if (problem !== "")
                 return problem;
             if (task === "file")
@@ -32,56 +34,132 @@ Item {
         });
     }
 
-    function askWhetherToDelete() {
-        var names = screen.namesToDelete();
-        if (names.length === 0) {
-            notice.complain("Select an entry of this folder first.", "");
-            return;
-        }
-        var text = names.length === 1 ? "Delete \"" + Style.oneLine(names[0]) + "\"?"
-                                      : "Delete these " + names.length + " entries?";
-        question.ask(text, names.length === 1 ? "" : Style.oneLine(names.join(", ")), "Delete");
-    }
-
     function askForNewName() {
         var name = screen.nameToRename();
         if (name === "")
-            notice.complain("Select an entry of this folder first.", "");
+            notice.complain(qsTr("Select an entry of this folder first."), "");
         else
-            nameDialog.ask("rename", "New name of \"" + Style.oneLine(name) + "\"", name);
+            nameDialog.ask("rename", qsTr("New name of \"%1\"").arg(Names.oneLine(name)), name);
+    }
+
+    function askWhetherToDelete() {
+        var names = screen.namesToDelete().map(Names.oneLine);
+        if (names.length === 0) {
+            notice.complain(qsTr("Select an entry of this folder first."), "");
+        } else if (names.length === 1) {
+            question.ask("delete", qsTr("Delete \"%1\"?").arg(names[0]), "", qsTr("Delete"));
+        } else {
+            question.ask("delete", qsTr("Delete these %Ln entry(s)?", "", names.length), "", qsTr("Delete"));
+            question.list(names);
+        }
+    }
+
+    function deleteMarked() {
+        var count = screen.namesToDelete().length;
+        var kept = screen.deleteMarked();
+        if (kept.length > 0)
+            outcome.show(qsTr("%1 of %Ln entry(s) deleted", "", count).arg(Words.whole(count - kept.length)), "",
+                         kept.map(function (entry) {
+                             return { name: Names.oneLine(entry.name),
+                                      remark: entry.isFolder ? qsTr("Only empty folders can be deleted.")
+                                                             : qsTr("Could not be deleted.") };
+                         }));
+        return "";
+    }
+
+    function stickName(path) {
+        return Names.oneLine(Names.lastPart(path));
+    }
+
+    // Says before the copy what would come out of it, where that is known.
+    function askWhetherToCopy(path) {
+        var free = sticks.freeBytes(path);
+        var needed = bytesNeeded(path, free);
+        if (!screen.canCopy)
+            notice.complain(qsTr("Nothing is selected."), qsTr("Mark what is to be copied first."));
+        else if (free < 0)
+            notice.complain(qsTr("Nothing was copied to %1.").arg(stickName(path)), Words.reason("gone"));
+        else if (disks.isWriteProtected(path))
+            notice.complain(qsTr("Nothing was copied to %1.").arg(stickName(path)), Words.reason("protected"));
+        else if (needed > free)
+            question.ask("copy", qsTr("Needs %1, %2 are free on %3.").arg(Words.size(needed)).arg(Words.size(free))
+                                                                    .arg(stickName(path)),
+                         qsTr("What does not fit is left out."), qsTr("Copy"));
+        else
+            copyTo(path);
+    }
+
+    // Files that are there already need nothing, but to look for them takes a while.
+    function bytesNeeded(path, free) {
+        if (screen === tree)
+            return tree.bytesToCopy;
+        var needed = list.listing.markedBytes;
+        return needed <= free ? needed : copier.bytesNeeded(list.listing.markedEntries(), path);
     }
 
     function copyTo(path) {
-        var stick = Style.oneLine(Style.lastPart(path));
-        var marked = screen.marked;
-        var failed = screen.copyTo(path);
-        sticks.look();
-        if (failed === "")
-            notice.tell(marked + " copied to " + stick, "");
+        if (screen === list)
+            copier.start(list.listing.markedEntries(), path);
         else
-            notice.complain("Not copied to " + stick + ": " + Style.oneLine(failed),
-                            "Folders are not copied, and files that are there already are kept.");
+            copyingAtOnce.start(qsTr("Copying %1 to %2 ...").arg(Words.size(tree.bytesToCopy)).arg(stickName(path)));
+    }
+
+    function copyTreeTo(path) {
+        var result = tree.copyTo(path);
+        var files = result.failed.filter(function (entry) { return !entry.isFolder; });
+        tellCopied(path, result.copied, result.copied + files.length, "",
+                   result.failed.map(function (entry) {
+                       return { name: entry.name, reason: copier.why(entry, path) };
+                   }));
+    }
+
+    function tellEndOfCopy() {
+        var rest = copier.rest();
+        list.listing.markOnly(rest);
+        var waiting = rest.length - copier.failures().length;
+        var detail = copier.end === "" ? ""
+            : [copier.end === "stopped" ? qsTr("Stopped.")
+                   : copier.end === "gone" || copier.end === "protected" ? Words.reason(copier.end) + "." : copier.end,
+               qsTr("%Ln file(s) were not tried and stay marked.", "", waiting)].join(" ");
+        tellCopied(copier.destination, copier.filesDone, copier.filesTotal, detail, copier.failures());
+    }
+
+    // A count of all, and whatever did not become a copy by name.
+    function tellCopied(path, copied, all, detail, failures) {
+        sticks.look();
+        if (failures.length === 0 && detail === "")
+            notice.tell(qsTr("%Ln file(s) copied to %1", "", copied).arg(stickName(path)),
+                        qsTr("Eject the stick before you pull it."));
+        else
+            outcome.show(qsTr("%1 of %Ln file(s) copied to %2", "", all).arg(Words.whole(copied))
+                                                                        .arg(stickName(path)), detail,
+                         failures.map(function (entry) {
+                             return { name: Names.oneLine(entry.name), remark: Words.reason(entry.reason) };
+                         }));
     }
 
     Rectangle {
         id: bar
         width: parent.width
-        height: 52
+        height: Style.touch
         color: Style.blue
 
         Tabs {
+            anchors.left: parent.left
             height: parent.height
             names: browser.screen.tabs
+            texts: browser.screen.tabTexts
             current: browser.screen.tab
-            onChosen: browser.attempt(function () { browser.screen.show(index); return ""; })
+            onChosen: browser.attempt(function () { browser.screen.show(choice); return ""; })
         }
 
         Tabs {
             anchors.right: parent.right
             height: parent.height
             names: ["List", "Tree"]
+            texts: [qsTr("List"), qsTr("Tree")]
             current: browser.screen === list ? 0 : 1
-            onChosen: browser.screen = index === 0 ? list : tree
+            onChosen: browser.screen = choice === 0 ? list : tree
         }
     }
 
@@ -95,16 +173,17 @@ Item {
         id: tree
         anchors.fill: list
         visible: browser.screen === tree
-        onWordsWanted: nameDialog.ask("filter", "Show only names with these words, parted by commas", words)
+        onWordsWanted: nameDialog.ask("filter", qsTr("Show only names with these words, parted by commas"), words)
     }
 
     Rectangle {
         id: rail
         anchors { top: bar.bottom; bottom: parent.bottom; right: parent.right }
-        width: 212
+        width: 248
         color: Style.surface
 
         Rectangle {
+            anchors.left: parent.left
             width: 1
             height: parent.height
             color: Style.line
@@ -112,46 +191,49 @@ Item {
 
         Sticks {
             id: sticks
-            x: 8
-            y: 8
-            width: parent.width - 16
-            onCopyChosen: {
-                if (!browser.screen.canCopy)
-                    notice.complain("Nothing is selected.", "Mark what is to be copied first.");
-                else
-                    copying.begin(path);
-            }
+            anchors { left: parent.left; right: parent.right; top: parent.top; margins: 8 }
+            onCopyChosen: browser.askWhetherToCopy(choice)
         }
 
         Grid {
-            anchors { bottom: parent.bottom; bottomMargin: 8 }
-            x: 8
+            anchors { bottom: parent.bottom; bottomMargin: 8; horizontalCenter: parent.horizontalCenter }
             columns: 2
-            spacing: 8
+            spacing: Style.safeMargin
 
             Button {
-                text: "New file"
-                onClicked: nameDialog.ask("file", "Name of the new file", "")
+                objectName: "button:New file"
+                text: qsTr("New file")
+                onClicked: nameDialog.ask("file", qsTr("Name of the new file"), "")
             }
 
             Button {
-                text: "New folder"
-                onClicked: nameDialog.ask("folder", "Name of the new folder", "")
+                objectName: "button:New folder"
+                text: qsTr("New folder")
+                onClicked: nameDialog.ask("folder", qsTr("Name of the new folder"), "")
             }
 
             Button {
-                text: "Rename"
+                objectName: "button:Rename"
+                text: qsTr("Rename")
                 enabled: browser.screen.canRename
                 onClicked: browser.askForNewName()
             }
 
             Button {
-                text: "Delete"
+                objectName: "button:Delete"
+                text: qsTr("Delete")
                 kind: "danger"
                 enabled: browser.screen.canDelete
                 onClicked: browser.askWhetherToDelete()
             }
         }
+    }
+
+    Copier {
+        id: copier
+        objectName: "copier"
+        stickSlots: sticks
+        onFinished: browser.tellEndOfCopy()
     }
 
     Notice {
@@ -161,7 +243,16 @@ Item {
 
     Question {
         id: question
-        onConfirmed: browser.attempt(function () { return browser.screen.deleteMarked(); })
+        onConfirmed: browser.attempt(function () {
+            if (task === "delete")
+                return browser.deleteMarked();
+            browser.copyTo(sticks.choice);
+            return "";
+        })
+    }
+
+    Outcome {
+        id: outcome
     }
 
     NameDialog {
@@ -169,16 +260,12 @@ Item {
         onAccepted: browser.perform(task, name)
     }
 
+    Progress {
+        work: copier
+    }
+
     Busy {
-        id: copying
-
-        property string path
-
-        function begin(newPath) {
-            path = newPath;
-            start("Copying to " + Style.oneLine(Style.lastPart(newPath)) + " ...");
-        }
-
-        onReady: browser.attempt(function () { browser.copyTo(copying.path); return ""; })
+        id: copyingAtOnce
+        onReady: browser.attempt(function () { browser.copyTreeTo(sticks.choice); return ""; })
     }
 }

@@ -1,21 +1,21 @@
 import QtQuick 1.1
 import "components"
 import "components/style.js" as Style
+import "components/names.js" as Names
+import "components/words.js" as Words
 
 // The data folders as flat lists.
 Item {
     id: screen
 
     property variant tabs: ["Logs", "Soil", "Graphs", "Configs", "Programs"]
+    property variant tabTexts: [qsTr("Logs"), qsTr("Soil"), qsTr("Graphs"), qsTr("Configs"), qsTr("Programs")]
     property int tab: 0
     property QtObject listing: tab === 4 ? programs : folders
 
-    property int markedCount: listing.markedCount
-    property bool canRename: markedCount === 1
-    property bool canDelete: markedCount > 0
-
-    property bool canCopy: markedCount > 0
-    property string marked: markedCount + (markedCount === 1 ? " entry" : " entries")
+    property bool canRename: listing.markedCount === 1
+    property bool canDelete: listing.markedCount > 0
+    property bool canCopy: listing.markedCount > 0
 
     // Touching the tab that is shown already leads back to its top.
     function show(index) {
@@ -39,14 +39,14 @@ Item {
 
     function newFile(name) {
         if (listing.exists(name))
-            return taken(name);
-        return listing.newFile(listing.pathOf(name)) ? "" : refused(name, "made");
+            return Words.taken(Names.oneLine(name));
+        return listing.newFile(listing.pathOf(name)) ? "" : Words.notMade(Names.oneLine(name));
     }
 
     function newFolder(name) {
         if (listing.exists(name))
-            return taken(name);
-        return listing.newDirectory(name) ? "" : refused(name, "made");
+            return Words.taken(Names.oneLine(name));
+        return listing.newDirectory(name) ? "" : Words.notMade(Names.oneLine(name));
     }
 
     function nameToRename() {
@@ -59,10 +59,10 @@ Item {
         if (name === oldName)
             return "";
         if (listing.exists(name))
-            return taken(name);
+            return Words.taken(Names.oneLine(name));
         var directory = unfiltered();
         if (!directory.renameFile(directory.getIndex(oldName), name))
-            return refused(oldName, "renamed");
+            return Words.notRenamed(Names.oneLine(oldName));
         listing.forget(oldName);
         return "";
     }
@@ -71,6 +71,7 @@ Item {
         return listing.markedNames();
     }
 
+    // Returns the entries that are there still, each with name and isFolder.
     function deleteMarked() {
         var names = listing.markedNames();
         var directory = unfiltered();
@@ -79,21 +80,9 @@ Item {
             if (directory.deleteFile(directory.getIndex(names[i])))
                 listing.forget(names[i]);
             else
-                kept.push(Style.oneLine(names[i]));
+                kept.push({ name: names[i], isFolder: listing.isFolder(names[i]) });
         }
-        return kept.length === 0 ? "" : "Not deleted: " + kept.join(", ");
-    }
-
-    function copyTo(path) {
-        return listing.copySelectedTo(path);
-    }
-
-    function taken(name) {
-        return "\"" + Style.oneLine(name) + "\" exists already.";
-    }
-
-    function refused(name, what) {
-        return "\"" + Style.oneLine(name) + "\" could not be " + what + ".";
+        return kept;
     }
 
     // Rename and delete count the entries of the folder, the list those that pass the filter. Where a
@@ -104,6 +93,17 @@ Item {
         everything.currentPath = programs.currentPath;
         everything.refresh();
         return everything;
+    }
+
+    function summary() {
+        var files = listing.markedFiles;
+        var folders = listing.markedFolders;
+        if (files > 0 && folders > 0)
+            return qsTr("%1 and %2, %3").arg(Words.files(files)).arg(Words.folders(folders))
+                                        .arg(Words.size(listing.markedBytes));
+        if (files > 0)
+            return qsTr("%Ln file(s) selected, %1", "", files).arg(Words.size(listing.markedBytes));
+        return folders > 0 ? qsTr("%Ln folder(s) selected", "", folders) : qsTr("Nothing selected");
     }
 
     Listing {
@@ -120,10 +120,12 @@ Item {
         onUpdateDirectory: programs.refresh()
     }
 
+    // The tab names the top folder already.
     Breadcrumb {
         id: breadcrumb
         width: parent.width
-        height: 44
+        height: visible ? Style.touch : 0
+        visible: screen.listing.pathsCount > 1
         listing: screen.listing
     }
 
@@ -131,7 +133,6 @@ Item {
         id: headings
         anchors.top: breadcrumb.bottom
         width: parent.width
-        height: 44
         listing: screen.listing
     }
 
@@ -145,13 +146,10 @@ Item {
         id: footer
         anchors.bottom: parent.bottom
         width: parent.width
-        height: 60
-        summary: screen.markedCount === 0
-            ? "Nothing selected"
-            : screen.markedCount + " selected, " + Style.size(screen.listing.markedKB * 1024)
-        detail: Style.oneLine(screen.listing.selectedFiles)
+        summary: screen.summary()
+        detail: screen.listing.markedText
         onAllChosen: screen.listing.markAll()
-        onNoneChosen: screen.listing.clearAll()
+        onNoneChosen: screen.listing.unmarkAll()
     }
 
     Component.onCompleted: show(0)

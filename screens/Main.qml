@@ -17,6 +17,10 @@ Rectangle {
     height: 480
     color: "white"
 
+    // As the locale reads: the viewer tells the application.
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
+
     Loader {
         id: browser
         anchors.fill: parent

@@ -20,7 +20,7 @@ Rectangle {
         Label {
             objectName: "refusedTitle"
             width: parent.width
-            text: "This machine is not an instrument"
+            text: qsTr("This machine is not an instrument")
             color: Style.blue
             font.bold: true
             font.pixelSize: 24
@@ -35,8 +35,7 @@ Rectangle {
 
         Label {
             width: parent.width
-            text: "Files are made, changed and copied as the account \"ostan\", and this process can't "
-                + "become it. Start the viewer on a private instrument instead, with the command"
+            text: qsTr("Files are made, changed and copied as the account \"ostan\", and this process can't become it. Start the viewer on a private instrument instead, with the command")
             wrapMode: Text.WordWrap
         }
 
@@ -47,7 +46,9 @@ Rectangle {
         }
 
         Button {
-            text: "Try again"
+            objectName: "button:Try again"
+            width: 180
+            text: qsTr("Try again")
             kind: "main"
             onClicked: refused.retried()
         }

@@ -2,22 +2,35 @@ import QtQuick 1.1
 import FileBrowser 1.0 as Fb
 import "components"
 import "components/style.js" as Style
+import "components/names.js" as Names
+import "components/words.js" as Words
 
 // The data folders as trees.
 Item {
     id: screen
 
     property variant tabs: ["Logs", "Soil", "Configs"]
+    property variant tabTexts: [qsTr("Logs"), qsTr("Soil"), qsTr("Configs")]
     property int tab: 0
-    property bool canRename: true
-    property bool canDelete: true
-    property bool canCopy: true
-    property string marked: "Checked files"
+    property bool canRename: touchedPath !== ""
+    property bool canDelete: touchedPath !== ""
+    property bool canCopy: tree.checkedFilesKB > 0 || !tree.isSelectable
+
+    // Bytes, whatever the name says. How many files they are the tree does not tell.
+    property real bytesToCopy: tree.checkedFilesKB
 
     // The tree announces a path when a row is touched, not when it forgets it.
     property string touchedPath
 
-    signal wordsWanted(string words)
+    // Whether the folder that the tree begins with was empty when it was looked at last.
+    property bool isEmpty: false
+
+    // Where sizes and dates would leave too little for the names.
+    property bool isNarrow: width < 640
+
+    signal wordsWanted
+
+    property string words: tree.nameFilters
 
     function show(index) {
         tab = index;
@@ -27,11 +40,19 @@ Item {
             tree.viewSoilFluxDirectory();
         else
             tree.viewConfigsDirectory();
+        look();
+    }
+
+    function look() {
         touchedPath = tree.absoluteFilePath;
+        isEmpty = list(tree.root).length === 0;
     }
 
     function setFilter(words) {
+        tree.clearSelection();
         tree.nameFilters = words;
+        tree.nameFilterOn = words !== "";
+        look();
         return "";
     }
 
@@ -40,17 +61,20 @@ Item {
     // The tree's own exists() knows folders only, and createNewFile() would empty a file that is there.
     function newFile(name) {
         if (disk.exists(tree.currentFilepath + "/" + name))
-            return taken(name);
-        return tree.createNewFile(name) ? "" : refused(name, "made");
+            return Words.taken(Names.oneLine(name));
+        var made = tree.createNewFile(name);
+        look();
+        return made ? "" : Words.notMade(Names.oneLine(name));
     }
 
     // createNewFolder() can't tell a folder that was refused: look for it.
     function newFolder(name) {
         var path = tree.currentFilepath + "/" + name;
         if (disk.exists(path))
-            return taken(name);
+            return Words.taken(Names.oneLine(name));
         tree.createNewFolder(name);
-        return disk.exists(path) ? "" : refused(name, "made");
+        look();
+        return disk.exists(path) ? "" : Words.notMade(Names.oneLine(name));
     }
 
     function nameToRename() {
@@ -61,11 +85,11 @@ Item {
         var oldName = nameToRename();
         if (name === oldName)
             return "";
-        if (disk.exists(Style.folderOf(tree.absoluteFilePath) + "/" + name))
-            return taken(name);
+        if (disk.exists(Names.folderOf(tree.absoluteFilePath) + "/" + name))
+            return Words.taken(Names.oneLine(name));
         var oldPath = tree.absoluteFilePath;
         if (!tree.renameFile(name))
-            return refused(oldName, "renamed");
+            return Words.notRenamed(Names.oneLine(oldName));
         leave(oldPath);
         return "";
     }
@@ -75,14 +99,15 @@ Item {
         return name === "" ? [] : [name];
     }
 
+    // Returns the entries that are there still, each with name and isFolder.
     function deleteMarked() {
         var name = tree.getCurrentItemName();
         var path = tree.absoluteFilePath;
         var isFolder = tree.isDirSelected();
         if (!(isFolder ? tree.deleteSelectedDir() : tree.deleteSelectedFile()))
-            return refused(name, isFolder ? "deleted: is it empty?" : "deleted");
+            return [{ name: name, isFolder: isFolder }];
         leave(path);
-        return "";
+        return [];
     }
 
     // The view would select a neighbour of an entry that is gone, and the next touch of a button mean
@@ -90,126 +115,126 @@ Item {
     function leave(path) {
         tree.clearSelection();
         if (tree.currentFilepath === path)
-            tree.currentFilepath = Style.folderOf(path);
+            tree.currentFilepath = Names.folderOf(path);
+        look();
     }
 
+    // Returns how many files were copied, and the names that failed with what is known of them. The tree
+    // tells the one not at all and the other in one text.
     function copyTo(path) {
-        return tree.copyCheckedFilesTo(path);
+        var before = list(path).length;
+        var failed = tree.copyCheckedFilesTo(path);
+        return { copied: list(path).length - before, failed: failed === "" ? [] : named(failed) };
     }
 
-    function taken(name) {
-        return "\"" + Style.oneLine(name) + "\" exists already.";
+    function named(text) {
+        var known = {};
+        collect(tree.root, known, 0);
+        return Names.parted(text, function (name) { return known[name] !== undefined; })
+                    .map(function (name) { return known[name] || { folder: "", name: name, bytes: 0 }; });
     }
 
-    function refused(name, what) {
-        return "\"" + Style.oneLine(name) + "\" could not be " + what + ".";
+    // Puts what lies below a folder into "known", by name. Links may lead round in circles.
+    function collect(folder, known, depth) {
+        var subfolders = [];
+        list(folder).forEach(function (entry) {
+            known[entry.name] = entry;
+            if (entry.isFolder)
+                subfolders.push(folder + "/" + entry.name);
+        });
+        for (var i = 0; depth < 8 && i < subfolders.length; ++i)
+            collect(subfolders[i], known, depth + 1);
     }
 
-    // Answers whether there is a file or folder at a path.
+    function list(folder) {
+        if (disk.currentPath === folder)
+            disk.refresh();
+        else
+            disk.currentPath = folder; // which lists it
+        var shown = disk.files;
+        var entries = [];
+        for (var i = 0; i < shown.length; ++i)
+            entries.push({ folder: folder, name: shown[i].name, isFolder: shown[i].isDir,
+                           bytes: Names.bytesOf(shown[i].size) });
+        return entries;
+    }
+
+    // The last column takes what the others leave.
+    function fitColumns() {
+        var sizeWidth = isNarrow ? 0 : 100;
+        tree.setColumnHidden(1, isNarrow);
+        tree.setColumnWidth(1, sizeWidth);
+        tree.setColumnWidth(0, tree.width - 44 - sizeWidth - dateSample.paintedWidth - 16);
+    }
+
+    // Looks into folders, and answers whether there is a file or folder at a path.
     Fb.Directory {
         id: disk
     }
 
-    Row {
-        id: tools
-        x: 8
-        height: 52
-
-        Toggle {
-            id: boxes
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Boxes"
-            on: true
-            onClicked: {
-                on = !on;
-                tree.isSelectable = on;
-                tree.redrawView();
-            }
-        }
-
-        Toggle {
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Folders first"
-            on: tree.dirsFirst
-            onClicked: tree.dirsFirst = !tree.dirsFirst
-        }
-
-        Toggle {
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Tap opens"
-            on: tree.openDirs
-            onClicked: tree.openDirs = !tree.openDirs
-        }
-
-        Toggle {
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Root"
-            on: tree.showRoot
-            onClicked: tree.showRoot = !tree.showRoot
-        }
-
-        Toggle {
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Filter"
-            on: tree.nameFilterOn
-            onClicked: tree.nameFilterOn = !tree.nameFilterOn
-        }
-
-        Button {
-            anchors.verticalCenter: parent.verticalCenter
-            width: screen.width - 16 - x
-            objectName: "button:Words"
-            text: tree.nameFilters === "" ? "Words ..." : Style.oneLine(tree.nameFilters)
-            onClicked: screen.wordsWanted(tree.nameFilters)
-        }
+    // A date as the tree writes it, in its font.
+    Text {
+        id: dateSample
+        visible: false
+        text: Qt.formatDateTime(new Date(2000, 11, 28, 22, 58, 58), Qt.SystemLocaleShortDate)
+        font.family: "OpenSans"
+        font.pointSize: 12
     }
 
+    Label {
+        objectName: "touchedPath"
+        anchors { left: parent.left; leftMargin: 12; right: search.left; rightMargin: 12 }
+        height: search.y + search.height + 4
+        text: Names.oneLine(screen.touchedPath === "" ? tree.currentFilepath : screen.touchedPath)
+        color: Style.faintText
+        elide: Text.ElideMiddle
+    }
+
+    Button {
+        id: search
+        objectName: "button:Search"
+        anchors { right: parent.right; rightMargin: Style.margin }
+        y: 4
+        width: 160
+        text: tree.nameFilterOn ? qsTr("Only: %1").arg(Names.oneLine(tree.nameFilters)) : qsTr("Search ...")
+        kind: tree.nameFilterOn ? "main" : "plain"
+        onClicked: screen.wordsWanted()
+    }
+
+    // What a technician need not choose stands here: whether rows have boxes, whether folders come before
+    // files, whether a touch on a folder goes into it instead of opening it in place, and whether folders of
+    // the first level can be opened.
     Fb.FileTreeViewerItem {
         id: tree
         objectName: "tree"
-        anchors { top: tools.bottom; bottom: info.top; left: parent.left; right: parent.right }
+        anchors { top: search.bottom; topMargin: 4; bottom: footer.top; left: parent.left; right: parent.right }
         isSelectable: true
         dirsFirst: true
+        openDirs: false
+        showRoot: true
         onAbsoluteFilePathChanged: screen.touchedPath = absoluteFilePath
+        onWidthChanged: screen.fitColumns()
     }
 
-    Column {
-        id: info
-        anchors { bottom: footer.top; bottomMargin: 4 }
-        x: 12
-        width: parent.width - 24
-
-        Label {
-            objectName: "currentFolder"
-            width: parent.width
-            text: "Folder " + Style.oneLine(tree.currentFilepath)
-                + (tree.currentFilename === "" ? "" : ", file " + Style.oneLine(tree.currentFilename))
-            elide: Text.ElideMiddle
-            font.pixelSize: Style.smallFontPixels
-        }
-
-        Label {
-            objectName: "touchedPath"
-            width: parent.width
-            text: screen.touchedPath === "" ? "Touch a row to select it" : Style.oneLine(screen.touchedPath)
-            color: Style.faintText
-            elide: Text.ElideMiddle
-            font.pixelSize: Style.smallFontPixels
-        }
+    Label {
+        objectName: "treeEmptyText"
+        anchors.centerIn: tree
+        visible: screen.isEmpty
+        text: qsTr("This folder is empty")
+        color: Style.faintText
     }
 
     MarkedBar {
         id: footer
         anchors.bottom: parent.bottom
         width: parent.width
-        height: 60
-        summary: "Checked: " + Style.size(tree.checkedFilesKB) // bytes, whatever its name says
+        summary: qsTr("Checked: %1").arg(Words.size(screen.bytesToCopy))
         onAllChosen: tree.selectAll()
         onNoneChosen: tree.clearAll()
     }
 
     Component.onCompleted: {
-        tree.setColumnWidth(1, 88);
+        fitColumns();
         show(0);
     }
 }

@@ -6,9 +6,9 @@
 packages='g++ cmake ninja-build
     fonts-open-sans fonts-dejavu-core
     uidmap'
-qt5_packages='qtbase5-dev qtdeclarative5-dev qml-module-qtquick2'
+qt5_packages='qtbase5-dev qtdeclarative5-dev qml-module-qtquick2 qttools5-dev-tools'
 qt6_packages='qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtqml
-    qml6-module-qtqml-models qml6-module-qtqml-workerscript'
+    qml6-module-qtqml-models qml6-module-qtqml-workerscript qt6-l10n-tools'
 
 # For lines in each script's usage().
 build_options='  --debug            build without optimisation, with debug information, in a folder of its own

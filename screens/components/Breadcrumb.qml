@@ -1,5 +1,6 @@
 import QtQuick 1.1
 import "style.js" as Style
+import "names.js" as Names
 
 // The way from the root folder to the current one. Its end stays in sight.
 ListView {
@@ -16,12 +17,12 @@ ListView {
 
     delegate: Item {
         objectName: "crumb:" + modelData.name
-        width: label.width + 36
+        width: Math.max(Style.touch, label.width + 36)
         height: breadcrumb.height
 
         Rectangle {
             anchors { fill: parent; rightMargin: 12 }
-            color: area.pressed ? Style.pressed : "transparent"
+            color: area.pressed ? Style.blue : "white"
         }
 
         Label {
@@ -33,19 +34,19 @@ ListView {
 
         Label {
             id: label
-            x: 12
+            anchors { left: parent.left; leftMargin: 12 }
             width: Math.min(measure.width, 240)
             height: parent.height
-            text: Style.oneLine(modelData.name)
-            color: Style.blue
+            text: Names.oneLine(modelData.name)
+            color: area.pressed ? "white" : Style.blue
             elide: Text.ElideMiddle
         }
 
         Label {
-            x: label.x + label.width + 10
+            anchors { left: label.right; leftMargin: 12 }
             height: parent.height
             text: "/"
-            color: Style.frame
+            color: Style.faintText
         }
 
         MouseArea {

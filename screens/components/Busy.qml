@@ -13,12 +13,13 @@ Overlay {
     function start(announcement) {
         text = announcement;
         isOpen = true;
+        afterDrawing.interval = 100;
         afterDrawing.start();
     }
 
     Rectangle {
         anchors.centerIn: parent
-        width: 420
+        width: 480
         height: 96
         radius: 4
         color: "white"
@@ -28,10 +29,13 @@ Overlay {
             anchors { fill: parent; margins: 20 }
             horizontalAlignment: Text.AlignHCenter
             text: busy.text
+            wrapMode: Text.WrapAtWordBoundaryOrAnywhere
         }
     }
 
     function finish() {
+        if (!isOpen)
+            return;
         ready();
         isOpen = false;
     }

@@ -7,28 +7,25 @@ Rectangle {
 
     property string text
     property string kind: "plain"
-    property color ink: kind === "main" ? "white" : kind === "danger" ? Style.warning : Style.blue
+    property color tint: kind === "danger" ? Style.warning : Style.blue
+    property bool isFilled: kind === "main" || area.pressed
 
     signal clicked
 
-    objectName: "button:" + text
-    width: 94
-    height: Style.buttonHeight
+    width: 108
+    height: Style.touch
     radius: 4
-    opacity: enabled ? 1 : 0.4
-    color: {
-        if (kind === "main")
-            return area.pressed ? Style.text : Style.blue;
-        return area.pressed ? Style.pressed : "white";
-    }
-    border.color: kind === "main" ? color : ink
+    color: !enabled ? Style.softLine : !isFilled ? "white" : kind === "main" && area.pressed ? Style.darkBlue : tint
+    border.color: enabled ? tint : Style.line
     border.width: 1
 
     Label {
         anchors { fill: parent; leftMargin: 4; rightMargin: 4 }
         horizontalAlignment: Text.AlignHCenter
         text: button.text
-        color: button.ink
+        color: !button.enabled ? Style.faintText : button.isFilled ? "white" : button.tint
+        wrapMode: Text.WordWrap
+        maximumLineCount: 2
     }
 
     MouseArea {

@@ -25,7 +25,7 @@ Item {
             width: view.width
             file: modelData
             onOpened: fileList.listing.open(fileList.listing.pathOf(name))
-            onMarked: fileList.listing.mark(index, on)
+            onMarked: fileList.listing.mark(index, !isMarked)
         }
 
         Timer {
@@ -43,13 +43,14 @@ Item {
 
     ScrollMark {
         list: view
+        onMoved: view.place = view.contentY
     }
 
     Label {
         objectName: "emptyText"
         anchors.centerIn: parent
         visible: view.count === 0
-        text: "This folder is empty"
+        text: qsTr("This folder is empty")
         color: Style.faintText
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick 1.1
 import "style.js" as Style
+import "names.js" as Names
 
 // One entry of a list. The mark has a finger's room of its own; the rest of the row opens a folder and
 // marks a file.
@@ -12,30 +13,30 @@ Rectangle {
     property bool isFolder: file ? file.isDir : false
 
     signal opened
-    signal marked(bool on)
+
+    // Asks for the other mark.
+    signal marked
 
     objectName: "row:" + name
-    height: Style.rowHeight
-    color: rowArea.pressed || markArea.pressed ? Style.pressed : isMarked ? "#e6f6fd" : "white"
+    height: Style.touch
+    color: rowArea.pressed || markArea.pressed ? Style.pressed : isMarked ? Style.marked : "white"
 
     Image {
-        x: 8
-        anchors.verticalCenter: parent.verticalCenter
+        anchors { left: parent.left; leftMargin: 8; verticalCenter: parent.verticalCenter }
         source: row.isMarked ? "qrc:/images/checkbox_full.png" : "qrc:/images/checkbox_empty.png"
     }
 
     Image {
-        x: 54
-        anchors.verticalCenter: parent.verticalCenter
+        anchors { left: parent.left; leftMargin: 50; verticalCenter: parent.verticalCenter }
         visible: row.isFolder
         source: "qrc:/images/blue-folder.png"
     }
 
     Label {
         objectName: "name"
-        anchors { left: parent.left; leftMargin: 88; right: date.left; rightMargin: 8 }
+        anchors { left: parent.left; leftMargin: Style.kindColumn; right: date.left; rightMargin: 8 }
         height: parent.height
-        text: Style.oneLine(row.name)
+        text: Names.oneLine(row.name)
         elide: Text.ElideMiddle
     }
 
@@ -43,23 +44,21 @@ Rectangle {
         id: date
         objectName: "date"
         anchors { right: size.left; rightMargin: 8 }
-        width: 100
+        width: Style.dateColumn - 8
         height: parent.height
         text: row.file ? row.file.date : ""
         color: Style.faintText
-        font.pixelSize: Style.smallFontPixels
     }
 
     Label {
         id: size
         objectName: "size"
-        anchors { right: parent.right; rightMargin: 14 }
-        width: 84
+        anchors { right: parent.right; rightMargin: Style.scrollColumn }
+        width: Style.sizeColumn - Style.scrollColumn - 8
         height: parent.height
         horizontalAlignment: Text.AlignRight
         text: row.file && !row.isFolder ? row.file.size : ""
         color: Style.faintText
-        font.pixelSize: Style.smallFontPixels
     }
 
     Rectangle {
@@ -72,14 +71,15 @@ Rectangle {
     MouseArea {
         id: rowArea
         anchors.fill: parent
-        onClicked: row.isFolder ? row.opened() : row.marked(!row.isMarked)
+        onClicked: row.isFolder ? row.opened() : row.marked()
     }
 
     MouseArea {
         id: markArea
         objectName: "mark:" + row.name
-        width: 48
+        anchors.left: parent.left
+        width: Style.touch
         height: parent.height
-        onClicked: row.marked(!row.isMarked)
+        onClicked: row.marked()
     }
 }

@@ -12,24 +12,21 @@ Rectangle {
 
     signal clicked
 
-    objectName: "heading:" + text
-    color: area.pressed ? Style.lightBlue : Style.blue
+    color: area.pressed ? Style.darkBlue : Style.blue
 
     Label {
         id: label
-        x: 8
+        anchors { left: parent.left; leftMargin: 8 }
         height: parent.height
         text: heading.text
         elide: Text.ElideNone
         color: "white"
         font.bold: true
-        font.pixelSize: Style.smallFontPixels
     }
 
     Image {
         objectName: "arrow"
-        x: label.x + label.width + 6
-        anchors.verticalCenter: parent.verticalCenter
+        anchors { left: label.right; leftMargin: 6; verticalCenter: parent.verticalCenter }
         visible: heading.isSorted
         source: heading.isSmallOnTop ? "qrc:/images/white-triangle-up.png"
                                      : "qrc:/images/white-triangle-down.png"

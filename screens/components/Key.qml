@@ -11,9 +11,10 @@ Rectangle {
     signal clicked
 
     objectName: "key:" + text
-    height: 54
+    width: 72
+    height: Style.touch
     radius: 4
-    color: area.pressed ? Style.lightBlue : isHeld ? Style.pale : "white"
+    color: area.pressed ? Style.blue : isHeld ? Style.pale : "white"
     border.color: Style.frame
     border.width: 1
 
@@ -22,7 +23,7 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         text: key.text
         color: area.pressed ? "white" : Style.text
-        font.pixelSize: 20
+        font.pixelSize: Style.titlePixels
     }
 
     MouseArea {

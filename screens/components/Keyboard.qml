@@ -2,6 +2,7 @@ import QtQuick 1.1
 import "style.js" as Style
 
 // A keyboard for names: letters small and large, digits, and the other characters on a second page.
+// Keys stand from left to right in every language.
 Rectangle {
     id: keyboard
 
@@ -12,10 +13,15 @@ Rectangle {
         : isShifted ? ["1234567890", "QWERTYUIOP", "ASDFGHJKL\u00c4", "ZXCVBNM\u00d6\u00dc"]
                     : ["1234567890", "qwertyuiop", "asdfghjkl\u00e4", "zxcvbnm\u00f6\u00fc"]
 
-    signal typed(string character)
+    // The character that was typed.
+    property string character
+
+    signal typed
     signal erased
 
-    height: column.height + 12
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
+    height: column.height + 8
     color: Style.pressed
 
     function reset() {
@@ -23,10 +29,15 @@ Rectangle {
         hasSymbols = false;
     }
 
+    function type(newCharacter) {
+        character = newCharacter;
+        typed();
+    }
+
     Column {
         id: column
         anchors.centerIn: parent
-        spacing: 6
+        spacing: 5
 
         Repeater {
             model: keyboard.rows
@@ -41,9 +52,8 @@ Rectangle {
                     model: characters.length
 
                     Key {
-                        width: 72
                         text: characters.charAt(index)
-                        onClicked: keyboard.typed(text)
+                        onClicked: keyboard.type(text)
                     }
                 }
             }
@@ -54,40 +64,41 @@ Rectangle {
             spacing: 6
 
             Key {
-                width: 110
-                text: "Shift"
+                objectName: "key:Shift"
+                width: 118
+                text: qsTr("Shift")
                 isHeld: keyboard.isShifted
                 onClicked: keyboard.isShifted = !keyboard.isShifted
             }
 
             Key {
-                width: 110
+                objectName: "key:#+="
+                width: 100
                 text: keyboard.hasSymbols ? "abc" : "#+="
                 onClicked: keyboard.hasSymbols = !keyboard.hasSymbols
             }
 
             Key {
                 objectName: "key: "
-                width: 266
-                text: "Space"
-                onClicked: keyboard.typed(" ")
+                width: 254
+                text: qsTr("Space")
+                onClicked: keyboard.type(" ")
             }
 
             Key {
-                width: 72
                 text: "-"
-                onClicked: keyboard.typed(text)
+                onClicked: keyboard.type(text)
             }
 
             Key {
-                width: 72
                 text: "."
-                onClicked: keyboard.typed(text)
+                onClicked: keyboard.type(text)
             }
 
             Key {
-                width: 118
-                text: "Erase"
+                objectName: "key:Erase"
+                width: 132
+                text: qsTr("Erase")
                 onClicked: keyboard.erased()
             }
         }

@@ -1,46 +1,95 @@
 import QtQuick 1.1
 import FileBrowser 1.0 as Fb
-import "style.js" as Style
+import "marks.js" as Marks
+import "names.js" as Names
 
-// A Directory with what a screen needs beside it: a count of the marked entries, and marks that are up
+// A Directory with what a screen needs beside it: what is marked, in all folders, and marks that are up
 // to date where they matter. By itself a new list gets its marks 200 ms late.
 Fb.Directory {
     id: listing
 
-    // Marked entries in all folders. The names in selectedFiles can't be counted: they may have blanks.
-    property int markedCount: 0
+    property int markedFiles: 0
+    property int markedFolders: 0
+    property int markedCount: markedFiles + markedFolders
 
-    // selectedFilesKB has a signal of its own that marking does not send.
-    property int markedKB: 0
+    // Of the files. Small ones count in bytes, the others in whole KB as the module sums them up.
+    property real markedBytes: 0
 
-    onSelectedFilesChanged: {
-        markedKB = selectedFilesKB;
-        if (selectedFiles === "")
-            markedCount = 0;
-    }
+    // The first of the marked names.
+    property string markedText
 
     function open(path) {
         selectPath(path);
         updateSelectedFiles();
     }
 
-    // Marking an entry twice would count its size twice.
     function mark(index, on) {
         updateSelectedFiles();
-        if (files[index].isSelected === on)
-            return;
-        markedCount += on ? 1 : -1;
-        setIsSelectedAt(index, on);
+        setMark(index, on);
+        tellMarks();
     }
 
     function markAll() {
         updateSelectedFiles();
         var shown = files;
         for (var i = 0; i < shown.length; ++i) {
-            if (!shown[i].isDir && !shown[i].isSelected)
-                ++markedCount;
+            if (!shown[i].isDir)
+                setMark(i, true);
         }
-        selectAll();
+        tellMarks();
+    }
+
+    function unmarkAll() {
+        clearAll();
+        Marks.clear();
+        tellMarks();
+    }
+
+    // Marks these entries and no others. Their folders are listed for that, and then the present one again.
+    function markOnly(entries) {
+        unmarkAll();
+        var shownPath = currentPath;
+        var places = {};
+        for (var i = 0; i < entries.length; ++i) {
+            if (i === 0 || entries[i].folder !== entries[i - 1].folder) {
+                currentPath = entries[i].folder;
+                places = placesByName();
+            }
+            var place = places[entries[i].name];
+            if (place !== undefined)
+                setMark(place, true);
+        }
+        currentPath = shownPath;
+        updateSelectedFiles();
+        tellMarks();
+    }
+
+    // Marking an entry twice would count its size twice.
+    function setMark(index, on) {
+        var file = files[index];
+        if (file.isSelected === on)
+            return;
+        var before = selectedFilesKB;
+        setIsSelectedAt(index, on);
+        if (!on)
+            Marks.remove(pathOf(file.name));
+        else if (file.isDir)
+            Marks.add(currentPath, file.name, true, 0);
+        else
+            Marks.add(currentPath, file.name, false, selectedFilesKB > before
+                      ? (selectedFilesKB - before) * 1024 : Names.bytesOf(file.size));
+    }
+
+    function tellMarks() {
+        markedFiles = Marks.files;
+        markedFolders = Marks.folders;
+        markedBytes = Marks.bytes;
+        markedText = Marks.someNames().map(Names.oneLine).join(", ");
+    }
+
+    // The marked entries, each with folder, name, isFolder and bytes, folder by folder.
+    function markedEntries() {
+        return Marks.entries();
     }
 
     // Names of the marked entries that are shown.
@@ -60,6 +109,19 @@ Fb.Directory {
         var index = getIndex(name);
         if (index >= 0)
             mark(index, false);
+    }
+
+    function isFolder(name) {
+        var index = getIndex(name);
+        return index >= 0 && files[index].isDir;
+    }
+
+    function placesByName() {
+        var shown = files;
+        var places = {};
+        for (var i = 0; i < shown.length; ++i)
+            places[shown[i].name] = i;
+        return places;
     }
 
     function pathOf(name) {

@@ -11,6 +11,7 @@ Rectangle {
     signal allChosen
     signal noneChosen
 
+    height: Style.touch + 2 * 4
     color: Style.surface
 
     Rectangle {
@@ -28,7 +29,6 @@ Rectangle {
             width: parent.width
             text: bar.summary
             font.bold: true
-            font.pixelSize: Style.smallFontPixels
         }
 
         Label {
@@ -37,21 +37,22 @@ Rectangle {
             visible: text !== ""
             text: bar.detail
             color: Style.faintText
-            font.pixelSize: Style.smallFontPixels
         }
     }
 
     Button {
         id: all
+        objectName: "button:Select all"
         anchors { right: none.left; rightMargin: Style.margin; verticalCenter: parent.verticalCenter }
-        text: "Select all"
+        text: qsTr("Select all")
         onClicked: bar.allChosen()
     }
 
     Button {
         id: none
+        objectName: "button:Clear"
         anchors { right: parent.right; rightMargin: Style.margin; verticalCenter: parent.verticalCenter }
-        text: "Clear"
+        text: qsTr("Clear")
         onClicked: bar.noneChosen()
     }
 }

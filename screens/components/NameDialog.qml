@@ -9,7 +9,7 @@ Overlay {
     property string title
     property alias name: input.text
 
-    signal accepted(string task, string name)
+    signal accepted
 
     function ask(newTask, newTitle, proposal) {
         task = newTask;
@@ -23,7 +23,7 @@ Overlay {
 
     function accept() {
         isOpen = false;
-        accepted(task, name);
+        accepted();
     }
 
     function type(character) {
@@ -49,9 +49,8 @@ Overlay {
 
         Label {
             objectName: "nameTitle"
-            x: 16
-            y: 8
-            width: parent.width - 32
+            anchors { left: parent.left; right: parent.right; leftMargin: 16; rightMargin: 16 }
+            y: 4
             height: 32
             text: dialog.title
             color: Style.blue
@@ -59,10 +58,9 @@ Overlay {
         }
 
         Rectangle {
-            x: 16
-            y: 44
-            width: cancel.x - 32
-            height: Style.buttonHeight
+            anchors { left: parent.left; leftMargin: 16; right: cancel.left; rightMargin: 12 }
+            y: 40
+            height: Style.touch
             radius: 4
             border.color: Style.blue
             border.width: 1
@@ -71,11 +69,13 @@ Overlay {
             TextInput {
                 id: input
                 objectName: "nameInput"
-                anchors { fill: parent; leftMargin: 10; rightMargin: 10; topMargin: 11 }
+                anchors { left: parent.left; right: parent.right; leftMargin: 10; rightMargin: 10 }
+                anchors.verticalCenter: parent.verticalCenter
                 color: Style.text
-                selectionColor: Style.lightBlue
+                selectionColor: Style.blue
+                selectedTextColor: "white"
                 font.family: "OpenSans"
-                font.pixelSize: 18
+                font.pixelSize: Style.titlePixels
                 onAccepted: dialog.accept()
             }
         }
@@ -84,9 +84,9 @@ Overlay {
             id: cancel
             objectName: "nameCancel"
             anchors { right: ok.left; rightMargin: 12 }
-            y: 44
+            y: 40
             width: 110
-            text: "Cancel"
+            text: qsTr("Cancel")
             onClicked: dialog.isOpen = false
         }
 
@@ -94,9 +94,9 @@ Overlay {
             id: ok
             objectName: "nameOk"
             anchors { right: parent.right; rightMargin: 16 }
-            y: 44
+            y: 40
             width: 110
-            text: "OK"
+            text: qsTr("OK")
             kind: "main"
             enabled: input.text !== "" || dialog.task === "filter"
             onClicked: dialog.accept()
@@ -104,7 +104,7 @@ Overlay {
 
         Keyboard {
             id: keyboard
-            y: 102
+            y: 104
             width: parent.width
             onTyped: dialog.type(character)
             onErased: dialog.erase()

@@ -26,7 +26,7 @@ Rectangle {
     }
 
     visible: text !== ""
-    height: Math.max(72, column.height + 20)
+    height: Math.max(Style.touch, column.height) + 20
     color: "white"
     border.color: isGood ? Style.blue : Style.warning
     border.width: 2
@@ -48,7 +48,7 @@ Rectangle {
             color: notice.isGood ? Style.blue : Style.warning
             font.bold: true
             wrapMode: Text.WrapAtWordBoundaryOrAnywhere
-            maximumLineCount: 3
+            maximumLineCount: 8
         }
 
         Label {
@@ -58,7 +58,6 @@ Rectangle {
             text: notice.detail
             wrapMode: Text.WrapAtWordBoundaryOrAnywhere
             maximumLineCount: 4
-            font.pixelSize: Style.smallFontPixels
         }
     }
 
@@ -66,7 +65,7 @@ Rectangle {
         id: ok
         objectName: "noticeOk"
         anchors { right: parent.right; rightMargin: 12; verticalCenter: parent.verticalCenter }
-        text: "OK"
+        text: qsTr("OK")
         onClicked: notice.close()
     }
 }

@@ -11,6 +11,7 @@ Item {
     visible: isOpen
 
     Rectangle {
+        objectName: "scrim"
         anchors.fill: parent
         color: Style.text
         opacity: 0.5

@@ -8,6 +8,8 @@ Row {
     property QtObject listing
     property bool ascending: listing.ascendingSorted
 
+    height: Style.touch
+
     function sort(reorder) {
         reorder();
         listing.updateSelectedFiles();
@@ -15,36 +17,40 @@ Row {
 
     // Ascending puts folders and small letters first, but new dates and large sizes.
     Heading {
-        width: 84
+        objectName: "heading:Kind"
+        width: Style.kindColumn
         height: bar.height
-        text: "Kind"
+        text: qsTr("Kind")
         isSorted: bar.listing.typeSorted
         isSmallOnTop: bar.ascending
         onClicked: bar.sort(bar.listing.reorderByType)
     }
 
     Heading {
-        width: bar.width - 84 - 108 - 106
+        objectName: "heading:Name"
+        width: bar.width - Style.kindColumn - Style.dateColumn - Style.sizeColumn
         height: bar.height
-        text: "Name"
+        text: qsTr("Name")
         isSorted: bar.listing.nameSorted
         isSmallOnTop: bar.ascending
         onClicked: bar.sort(bar.listing.reorderByName)
     }
 
     Heading {
-        width: 108
+        objectName: "heading:Date"
+        width: Style.dateColumn
         height: bar.height
-        text: "Date"
+        text: qsTr("Date")
         isSorted: bar.listing.dateSorted
         isSmallOnTop: !bar.ascending
         onClicked: bar.sort(bar.listing.reorderByDate)
     }
 
     Heading {
-        width: 106
+        objectName: "heading:Size"
+        width: Style.sizeColumn
         height: bar.height
-        text: "Size"
+        text: qsTr("Size")
         isSorted: bar.listing.sizeSorted
         isSmallOnTop: !bar.ascending
         onClicked: bar.sort(bar.listing.reorderBySize)

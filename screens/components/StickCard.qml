@@ -1,14 +1,16 @@
 import QtQuick 1.1
 import "style.js" as Style
+import "names.js" as Names
+import "words.js" as Words
 
-// One of the two slots for USB sticks.
+// One of the two slots for USB sticks. An empty one takes no more than a line.
 Rectangle {
     id: card
 
     property string slot
     property bool isPresent: false
     property string path
-    property string freeSpace
+    property real freeBytes: 0
 
     // What became of an eject; empty when nothing is to be told.
     property string news
@@ -20,46 +22,46 @@ Rectangle {
     signal ejectChosen
 
     objectName: "stick:" + slot
-    height: 128
+    height: isPresent ? buttons.y + buttons.height + 8 : 40
     radius: 4
     color: "white"
     border.color: Style.frame
     border.width: 1
 
     Label {
+        id: stickName
         objectName: "stickName"
-        x: 10
-        y: 8
-        width: parent.width - 20
-        text: card.isPresent ? Style.oneLine(Style.lastPart(card.path)) : "Slot " + card.slot
+        anchors { left: parent.left; leftMargin: 8 }
+        y: card.isPresent ? 6 : 9
+        width: card.isPresent ? parent.width - 16 : Math.min(parent.width, paintedWidth + 1)
+        text: card.isPresent ? Names.oneLine(Names.lastPart(card.path)) : qsTr("Slot %1").arg(card.slot)
+        elide: card.isPresent ? Text.ElideMiddle : Text.ElideNone
         font.bold: true
         color: card.isPresent ? Style.blue : Style.faintText
     }
 
     Label {
         objectName: "stickState"
-        x: 10
-        y: 32
-        width: parent.width - 20
-        height: card.isPresent ? 24 : 80
-        wrapMode: Text.WordWrap
-        verticalAlignment: card.isPresent ? Text.AlignVCenter : Text.AlignTop
-        text: card.news !== "" ? card.news : card.isPresent ? card.freeSpace + " free" : "No USB stick"
+        anchors { left: card.isPresent ? parent.left : stickName.right; leftMargin: 8 }
+        anchors { right: parent.right; rightMargin: 8 }
+        y: card.isPresent ? 29 : 9
+        text: card.news !== "" ? card.news
+            : card.isPresent ? qsTr("%1 free").arg(Words.size(card.freeBytes)) : qsTr("No USB stick")
         color: card.news !== "" ? Style.text : Style.faintText
-        font.pixelSize: Style.smallFontPixels
         font.bold: card.news !== ""
     }
 
     Row {
-        x: 8
-        y: card.height - height - 8
-        spacing: 8
+        id: buttons
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 56
+        spacing: Style.safeMargin
         visible: card.isPresent
 
         Button {
             objectName: "copy:" + card.slot
-            width: (card.width - 24) * 0.56
-            text: "Copy here"
+            width: (card.width - 16 - Style.safeMargin) / 2
+            text: qsTr("Copy here")
             kind: "main"
             enabled: !card.isLocked
             onClicked: card.copyChosen()
@@ -67,8 +69,8 @@ Rectangle {
 
         Button {
             objectName: "eject:" + card.slot
-            width: (card.width - 24) * 0.44
-            text: "Eject"
+            width: (card.width - 16 - Style.safeMargin) / 2
+            text: qsTr("Eject")
             enabled: !card.isLocked
             onClicked: card.ejectChosen()
         }

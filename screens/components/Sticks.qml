@@ -9,7 +9,10 @@ Column {
     // The slot whose stick is being let go, "A" or "B"; empty when none is.
     property string leaving: ""
 
-    signal copyChosen(string path)
+    // Where the stick is mounted that is to be copied to.
+    property string choice
+
+    signal copyChosen
 
     spacing: Style.margin
 
@@ -19,10 +22,18 @@ Column {
             usb.find();
     }
 
+    // Looks what space the stick mounted on a path has now; below 0 when it is gone.
+    function freeBytes(path) {
+        look();
+        if (usb.usbA && usb.usbAPath === path)
+            return usb.usbASpace * 1024;
+        return usb.usbB && usb.usbBPath === path ? usb.usbBSpace * 1024 : -1;
+    }
+
     function eject(slot) {
         leaving = slot;
-        card(slot).news = "Wait, do not remove";
-        afterDrawing.restart();
+        card(slot).news = qsTr("Wait, do not remove");
+        afterNews.restart();
     }
 
     function card(slot) {
@@ -32,7 +43,7 @@ Column {
     // Every scan sends both space signals, also when nothing has changed.
     function scanned(slot, isPresent) {
         if (leaving === slot) {
-            card(slot).news = isPresent ? "Still in use, try again" : "Safe to remove";
+            card(slot).news = isPresent ? qsTr("Still in use, try again") : qsTr("Safe to remove");
             leaving = "";
         }
     }
@@ -42,6 +53,11 @@ Column {
             card(slot).news = "";
     }
 
+    function choose(path) {
+        choice = path;
+        copyChosen();
+    }
+
     StickCard {
         id: cardA
         width: sticks.width
@@ -49,8 +65,8 @@ Column {
         isPresent: usb.usbA
         isLocked: sticks.leaving !== ""
         path: usb.usbAPath
-        freeSpace: usb.usbAFreeSpace
-        onCopyChosen: sticks.copyChosen(path)
+        freeBytes: usb.usbASpace * 1024
+        onCopyChosen: sticks.choose(path)
         onEjectChosen: sticks.eject(slot)
     }
 
@@ -61,8 +77,8 @@ Column {
         isPresent: usb.usbB
         isLocked: sticks.leaving !== ""
         path: usb.usbBPath
-        freeSpace: usb.usbBFreeSpace
-        onCopyChosen: sticks.copyChosen(path)
+        freeBytes: usb.usbBSpace * 1024
+        onCopyChosen: sticks.choose(path)
         onEjectChosen: sticks.eject(slot)
     }
 
@@ -76,7 +92,7 @@ Column {
 
     // Flushing blocks everything: the card must say so before.
     Timer {
-        id: afterDrawing
+        id: afterNews
         interval: 100
         onTriggered: sticks.leaving === "A" ? usb.ejectA() : usb.ejectB()
     }

@@ -1,15 +1,18 @@
 import QtQuick 1.1
 import "style.js" as Style
 
-// A row of tabs on the blue bar.
+// A row of tabs on the blue bar. "names" are for the program, "texts" for people.
 Row {
     id: tabs
 
     property variant names: []
+    property variant texts: []
     property int current: 0
-    property int tabWidth: 96
 
-    signal chosen(int index)
+    // The tab that was touched.
+    property int choice: 0
+
+    signal chosen
 
     Repeater {
         model: tabs.names
@@ -18,9 +21,9 @@ Row {
             property bool isCurrent: index === tabs.current
 
             objectName: "tab:" + modelData
-            width: tabs.tabWidth
+            width: Math.max(88, label.paintedWidth + 28)
             height: tabs.height
-            color: isCurrent ? "white" : area.pressed ? Style.lightBlue : Style.blue
+            color: isCurrent ? "white" : area.pressed ? Style.darkBlue : Style.blue
 
             Rectangle {
                 width: parent.width
@@ -30,16 +33,20 @@ Row {
             }
 
             Label {
-                anchors.fill: parent
-                horizontalAlignment: Text.AlignHCenter
-                text: modelData
+                id: label
+                anchors.centerIn: parent
+                text: tabs.texts[index]
+                elide: Text.ElideNone
                 color: parent.isCurrent ? Style.blue : "white"
             }
 
             MouseArea {
                 id: area
                 anchors.fill: parent
-                onClicked: tabs.chosen(index)
+                onClicked: {
+                    tabs.choice = index;
+                    tabs.chosen();
+                }
             }
         }
     }

@@ -8,10 +8,15 @@
 #include "support/testdir.h"
 #include "support/waiting.h"
 
+#include <QCoreApplication>
 #include <QDeclarativeItem>
+#include <QEvent>
 #include <QFile>
+#include <QLocale>
 #include <QMetaObject>
+#include <QPointer>
 #include <QScopedPointer>
+#include <QSize>
 #include <QStringList>
 #include <QVariant>
 
@@ -41,12 +46,21 @@ private:
 class Screens
 {
 public:
-    Screens()
-        : m_viewer(imports())
+    explicit Screens(const QLocale &locale = QLocale::c(), const QSize &size = QSize(800, 480))
+        : m_viewer(imports(), size)
         , m_visitor(m_viewer)
     {
+        // Whatever the machine speaks.
+        Viewer::chooseLocale(locale, imports() + "/../screens/translations");
         m_problem = m_viewer.load(imports() + "/../screens/Main.qml");
         m_viewer.show();
+    }
+
+    ~Screens()
+    {
+        // What a list has let go of outlives its view on Qt 4.8, and would be deleted when the
+        // engine is gone that it needs for that.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     /** Why nothing is shown; empty when something is. */
@@ -70,11 +84,15 @@ public:
     /** Lists the folders of all lists anew, as an operation does a while after it. */
     void listAnew()
     {
+        QList<QPointer<QObject>> directories; // listing may delete what a view has made
         const QList<QObject *> children = m_viewer.rootObject()->findChildren<QObject *>();
         for (QObject *child : children) {
             if (child->inherits("Directory")) {
-                QMetaObject::invokeMethod(child, "updateDirectory");
+                directories << child;
             }
+        }
+        for (const QPointer<QObject> &directory : directories) {
+            QMetaObject::invokeMethod(directory, "updateDirectory");
         }
     }
 

@@ -56,6 +56,7 @@ private slots:
     void missingScreensAreReported();
     void aScreenOfAnyNameIsShownInAPicture();
     void aPictureThatCannotBeWrittenIsReported();
+    void theWindowHasTheSizeThatIsWanted();
     void theTourWritesAPictureOfEveryStep();
     void aTourThatGoesWrongFails();
 };
@@ -76,6 +77,8 @@ void TestViewer::helpNamesEveryOption()
     QVERIFY(outcome.output.startsWith("Usage: filebrowser-viewer"));
     const QStringList options = QStringList() << "--imports"
                                               << "--screens"
+                                              << "--size"
+                                              << "--locale"
                                               << "--picture"
                                               << "--tour"
                                               << "--version"
@@ -91,13 +94,14 @@ void TestViewer::wrongUseIsAnsweredWithTheHelp_data()
     QTest::newRow("unknown option") << "--fast";
     QTest::newRow("option without its folder") << "--tour";
     QTest::newRow("option without its file") << "--picture";
+    QTest::newRow("size of one number") << "--size 800";
     QTest::newRow("something else") << "Main.qml";
 }
 
 void TestViewer::wrongUseIsAnsweredWithTheHelp()
 {
     QFETCH(QString, argument);
-    const Outcome outcome = runViewer(QStringList(argument));
+    const Outcome outcome = runViewer(argument.split(' '));
     QCOMPARE(outcome.exitCode, 2);
     QVERIFY(outcome.errors.contains("Usage: filebrowser-viewer"));
 }
@@ -167,15 +171,25 @@ void TestViewer::aPictureThatCannotBeWrittenIsReported()
         outcome.errors.contains("can't write the picture " + empty.path("missing/picture.png")));
 }
 
+void TestViewer::theWindowHasTheSizeThatIsWanted()
+{
+    const TestDir dir;
+    const Outcome outcome = runViewer(QStringList() << "--size"
+                                                    << "1024x600"
+                                                    << "--picture" << dir.path("large.png"));
+    QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
+    QCOMPARE(QImage(dir.path("large.png")).size(), QSize(1024, 600));
+}
+
 void TestViewer::theTourWritesAPictureOfEveryStep()
 {
     const TestDir pictures;
     const Outcome outcome = runViewer(QStringList() << "--tour" << pictures.path());
     QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
     const QStringList names = pictures.names();
-    QCOMPARE(names.size(), 17);
+    QCOMPARE(names.size(), 27);
     QCOMPARE(names.first(), QString("01-logs.png"));
-    QCOMPARE(names.last(), QString("17-tree-filtered.png"));
+    QCOMPARE(names.last(), QString("27-refused.png"));
     for (const QString &name : names) {
         QCOMPARE(QImage(pictures.path(name)).size(), QSize(800, 480));
     }

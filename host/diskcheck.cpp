@@ -1,0 +1,17 @@
+#include "host/diskcheck.h"
+
+#include <QFile>
+
+#include <sys/statvfs.h>
+
+DiskCheck::DiskCheck(QObject *parent)
+    : QObject(parent)
+{
+}
+
+bool DiskCheck::isWriteProtected(const QString &path) const
+{
+    struct statvfs info;
+    return statvfs(QFile::encodeName(path).constData(), &info) == 0 &&
+           (info.f_flag & ST_RDONLY) != 0;
+}

@@ -1,0 +1,39 @@
+.pragma library
+
+// Names and paths of files.
+
+// A name may hold any character but "/" and the end of a string. Shown on one line, and in the
+// direction of its own letters: the other characters only steer.
+function oneLine(name) {
+    return name.replace(/[\n\r\u0085\u2028\u2029]/g, "\u00b6")
+               .replace(/[\x00-\x1f\x7f\u200e\u200f\u202a-\u202e\u2066-\u2069]/g, "\u00b7");
+}
+
+function lastPart(path) {
+    return path.substring(path.lastIndexOf("/") + 1);
+}
+
+function folderOf(path) {
+    return path.substring(0, path.lastIndexOf("/"));
+}
+
+// The names in a text that has a blank between them, though names may have blanks too: at each place
+// the longest one that is known, else the next word.
+function parted(text, isName) {
+    var words = text.split(" ");
+    var names = [];
+    for (var first = 0; first < words.length; first = last) {
+        var last = words.length;
+        while (last > first + 1 && !isName(words.slice(first, last).join(" ")))
+            --last;
+        names.push(words.slice(first, last).join(" "));
+    }
+    return names;
+}
+
+// The bytes that a size as the module writes it stands for, as in "33 KB".
+function bytesOf(size) {
+    var units = ["bytes", "KB", "MB", "GB", "TB"];
+    var words = size.split(" ");
+    return Number(words[0]) * Math.pow(1024, Math.max(0, units.indexOf(words[1])));
+}
