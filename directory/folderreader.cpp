@@ -30,11 +30,13 @@ bool isAscii(const char *name)
     return true;
 }
 
-/** @p name as a string; a null string when QDir of this Qt does not list such a name. */
-QString decodedName(const char *name)
+/** @p name as a string, which may be empty. @return whether QDir of this Qt lists such a name */
+bool decode(const char *name, QString *result)
 {
-    if (isAscii(name))
-        return QLatin1String(name); // most are, and a codec takes ten times as long
+    if (isAscii(name)) { // most are, and a codec takes ten times as long
+        *result = QLatin1String(name);
+        return true;
+    }
 
     // Behind a separator, as part of a path: alone, a leading byte-order mark would get lost.
     const QByteArray encoded = QByteArray("/") + name;
@@ -42,9 +44,10 @@ QString decodedName(const char *name)
 #if QT_VERSION >= 0x050000
     // Qt 4.8 lists names with bytes that mean nothing in the file system's encoding, Qt 5 does not.
     if (QFile::encodeName(decoded) != encoded)
-        return QString();
+        return false;
 #endif
-    return decoded.mid(1);
+    *result = decoded.mid(1);
+    return true;
 }
 
 bool isLink(int folder, const dirent &entry)
@@ -92,8 +95,7 @@ QVector<FolderEntry> readFolder(const QString &path)
             continue;
         entries.resize(entries.size() + 1); // filled in place, a copy would be counted in and out
         FolderEntry &entry = entries.last();
-        entry.name = decodedName(next->d_name);
-        if (entry.name.isNull() || !lookAt(descriptor, *next, &entry))
+        if (!decode(next->d_name, &entry.name) || !lookAt(descriptor, *next, &entry))
             entries.resize(entries.size() - 1);
     }
     return entries;

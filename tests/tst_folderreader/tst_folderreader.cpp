@@ -189,15 +189,21 @@ void tst_FolderReader::aLinkCountsAsWhatItLeadsTo()
 void tst_FolderReader::namesThatTheEncodingLacksAreReadAsQDirDoes()
 {
     const TestDir dir;
-    const QByteArray latin1 = QFile::encodeName(dir.path()) + "/Bodenw\344rme";
-    const int descriptor = open(latin1.constData(), O_CREAT | O_WRONLY, 0600);
-    QVERIFY(descriptor != -1);
-    close(descriptor);
+    const QByteArray path = QFile::encodeName(dir.path());
+    const QList<QByteArray> names = QList<QByteArray>()
+                                    << path + "/Bodenw\344rme" << path + "/\303\244\303\266"
+                                    << path + "/\344\366";
+    for (const QByteArray &name : names) {
+        const int descriptor = open(name.constData(), O_CREAT | O_WRONLY, 0600);
+        QVERIFY(descriptor != -1);
+        close(descriptor);
+    }
     dir.file("valid");
 
     QCOMPARE(namesReadFrom(dir.path()), namesQDirReadsFrom(dir.path()));
     QVERIFY(namesReadFrom(dir.path()).contains("valid"));
-    unlink(latin1.constData());
+    for (const QByteArray &name : names)
+        unlink(name.constData());
 }
 
 void tst_FolderReader::anEntryThatCannotBeLookedIntoIsListedWithoutSizeAndTime()
