@@ -338,11 +338,12 @@ def help_project(headers, version):
     sections, keywords = [], []
     for header in headers:
         sections.append(f'<section title="{header.name}" ref="{header.name}.html"/>')
-        for module in ("FileBrowser1.", "FileBrowser.", ""):
+        for module in ("FileBrowser1.0.", "FileBrowser.", ""):
             keywords.append(f'<keyword name="{header.name}" id="QML.{module}{header.name}" ref="{header.name}.html"/>')
         for member in header.properties + header.of_section("signals") + header.of_section("public slots"):
-            keywords.append(f'<keyword name="{member.name}" id="QML.{header.name}.{member.name}" '
-                            f'ref="{header.name}.html#{member.name}"/>')
+            for scope in ("QML.FileBrowser1.0.", "QML.", ""):
+                keywords.append(f'<keyword name="{member.name}" id="{scope}{header.name}::{member.name}" '
+                                f'ref="{header.name}.html#{member.name}"/>')
     files = [f"<file>{name}.html</file>" for name in ["index"] + [header.name for header in headers]]
     return "\n".join([
         '<?xml version="1.0" encoding="UTF-8"?>', '<QtHelpProject version="1.0">',
