@@ -98,6 +98,8 @@ class Header:
             r"|(?P<method>[^;{}]+)(?:;|{[^{}]*}))", re.DOTALL)
         while body[place:].strip():
             token = tokens.match(body, place)
+            if not token:
+                sys.exit(f"{self.path}: can't read what begins with {body[place:].strip()[:40]!r}")
             if "\n\n" in token.group(0)[:len(token.group(0)) - len(token.group(0).lstrip())]:
                 comment = Comment()
             place = token.end()
