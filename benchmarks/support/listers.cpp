@@ -8,7 +8,6 @@
 #include <QDeclarativeEngine>
 #include <QElapsedTimer>
 #include <QFileSystemModel>
-#include <QRegExp>
 #include <QUrl>
 
 #include <algorithm>
@@ -31,6 +30,16 @@ QStringList namesOf(const QAbstractItemModel &model, const QModelIndex &parent, 
     for (int row = 0; row < model.rowCount(parent); ++row)
         names.append(model.index(row, 0, parent).data(role).toString());
     return names;
+}
+
+QStringList beginningWith(const QStringList &names, const QString &text)
+{
+    QStringList found;
+    for (const QString &name : names) {
+        if (name.startsWith(text))
+            found.append(name);
+    }
+    return found;
 }
 
 class DirectoryLister : public Lister
@@ -195,8 +204,8 @@ public:
     {
         if (order.sortType == Directory::date)
             return names;
-        const QStringList folders = names.filter(QRegExp(QLatin1String("^site_")));
-        const QStringList files = names.filter(QRegExp(QLatin1String("^log_")));
+        const QStringList folders = beginningWith(names, QLatin1String("site_"));
+        const QStringList files = beginningWith(names, QLatin1String("log_"));
         if (order.sortType == Directory::size) {
             QStringList sorted = folders;
             sorted.sort();
