@@ -120,11 +120,11 @@ Item {
     }
 
     // Returns how many files were copied, and the names that failed with what is known of them. The tree
-    // tells the one not at all and the other in one text.
+    // tells the one not at all and the other in one text; blanks alone stand for entries that are gone.
     function copyTo(path) {
         var before = list(path).length;
         var failed = tree.copyCheckedFilesTo(path);
-        return { copied: list(path).length - before, failed: failed === "" ? [] : named(failed) };
+        return { copied: list(path).length - before, failed: /^ *$/.test(failed) ? [] : named(failed) };
     }
 
     function named(text) {

@@ -116,7 +116,11 @@ public slots:
      * no particular order. Never overwrites; a folder can't be copied. What is checked stays so.
      *
      * Deliberately runs with the rights of the process: the stick it writes to need not belong to
-     * the account.
+     * the account. An empty @p dest is "/".
+     *
+     * An entry that was checked and is gone from the disk counts as failed, with an empty name, in
+     * every copy from then on. So a result of nothing but blanks means that all that was there has
+     * been copied.
      *
      * @return the names that failed with a blank between them, empty when all were copied
      */

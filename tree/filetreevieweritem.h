@@ -289,7 +289,11 @@ public slots:
     /**
      * Copies the checked entries into the folder @p dest with their times, and unchecks them. Never
      * overwrites; a folder can't be copied. Deliberately runs with the rights of the process, not
-     * the account's.
+     * the account's. Ask USB first whether there is a stick: an empty @p dest is "/".
+     *
+     * An entry that was checked and is gone from the disk counts as failed, with an empty name, in
+     * every copy from then on. So a result of nothing but blanks means that all that was there has
+     * been copied.
      *
      * @return the names that failed with a blank between them, empty when all were copied
      */

@@ -77,6 +77,7 @@ private slots:
     void boxesAddUp();
     void everythingIsCheckedAndUnchecked();
     void checkedFilesAreCopiedToAStick();
+    void checkedFilesThatAreGoneFailNothing();
     void nothingIsCopiedToAStickThatRefusesIt();
     void namesOneByOneWhatWasNotCopied();
     void aStickThatIsTooSmallIsSaidBefore();
@@ -197,6 +198,27 @@ void TestTreeScreen::checkedFilesAreCopiedToAStick()
     QCOMPARE(QFileInfo(stick.path("b.csv")).size(), qint64(6));
     QVERIFY(!QFileInfo(stick.path("a.csv")).exists());
     QVERIFY(screens->sees("summary", "Checked: 0 bytes"));
+}
+
+// Each comes back from the copy as an empty name.
+void TestTreeScreen::checkedFilesThatAreGoneFailNothing()
+{
+    const DataFolder logs("logs");
+    for (const char *name : {"a.csv", "b.csv", "c.csv"})
+        logs->file(name, "12");
+    const Stick stick("/dev/sdb1", "/media/Field Data");
+    TreeScreen screens;
+    QVERIFY(screens.touches(2, logs->path("c.csv")));
+    for (int row = 0; row < 3; ++row)
+        screens.touchBox(row);
+    QVERIFY(screens->sees("summary", "Checked: 6 bytes"));
+    QVERIFY(QFile::remove(logs->path("a.csv")));
+    QVERIFY(QFile::remove(logs->path("b.csv")));
+    QVERIFY(screens.touches(0, logs->path("c.csv")));
+
+    QVERIFY(screens->taps("copy:B"));
+    QVERIFY(screens->sees("noticeText", "1 file copied to Field Data"));
+    QVERIFY(QFileInfo(stick.path("c.csv")).exists());
 }
 
 void TestTreeScreen::nothingIsCopiedToAStickThatRefusesIt()
