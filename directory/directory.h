@@ -193,7 +193,9 @@ public slots:
     void setRoot(QString str);
 
     /**
-     * Lists @p str, also when it lies outside the root. Empty or unchanged: nothing happens.
+     * Lists @p str, also when it lies outside the root. Empty or unchanged: nothing happens. When
+     * there is no such folder, the entries of the one before stay under the new path; a debug line
+     * says so.
      *
      * @locks
      */
@@ -251,6 +253,7 @@ public slots:
     bool isDir(int index);
 
     /** Changes the sort key and sets the four flags of the keys, which lists the folder four times.
+     * A number that is no key sorts by size and clears the four flags.
      *
      * @locks
      */
@@ -277,7 +280,8 @@ public slots:
     /**
      * Copies the selected files, wherever they were selected, into the folder @p dest as the
      * account, with their access and modification times. Existing files are not overwritten,
-     * folders not copied. Blocks until all is done; 200 ms later the selection is emptied.
+     * folders not copied. An empty @p dest is "/": ask USB first whether there is a stick. Blocks
+     * until all is done; 200 ms later the selection is emptied.
      *
      * The times are set by way of asciiPath(): on a UTF-8 system a copy whose path has letters
      * beyond ASCII keeps the time of its making, and a debug line says so.

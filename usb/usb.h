@@ -25,6 +25,8 @@
  * }
  * MouseArea { // copies to the stick, then lets go of it; usbA turns false when it may be pulled
  *     onClicked: {
+ *         if (!usb.usbA)
+ *             return // usbAPath may be empty: copies to it would go to "/"
  *         directory.copySelectedTo(usb.usbAPath)
  *         usb.ejectA()
  *     }
