@@ -3,7 +3,6 @@
 # shellcheck shell=sh
 
 arm_toolchain=cmake/toolchains/arm-linux-gnueabihf.cmake
-arm_libraries=usr/lib/arm-linux-gnueabihf
 # Debian's, as the machine has it outside. Ignored by git, and kept when the build is thrown away.
 arm_folder=$PWD/build-arm-machine
 arm_sysroot=$arm_folder/sysroot
@@ -111,11 +110,15 @@ prepare_arm() {
         mkdir "$arm_folder"
         echo "$release" >"$arm_folder/release"
     fi
-    [ -d "$arm_sysroot" ] || make_sysroot
+    if [ -n "$qmake" ]; then
+        arm_sysroot= # what a Qt of one's own was built with comes with the compiler
+    elif [ ! -d "$arm_sysroot" ]; then
+        make_sysroot
+    fi
     [ -e "$arm_qemu" ] || fetch_qemu
     rm -rf "$arm_folder/apt" "$arm_folder/unpacked"
     lend_arm_to_the_kernel
-    export QEMU_LD_PREFIX="$arm_sysroot"
+    export QEMU_LD_PREFIX="${arm_sysroot:-/usr/arm-linux-gnueabihf}"
     # qemu looks there for what is opened, but not for what is only asked after.
-    export QML2_IMPORT_PATH="$arm_sysroot/$arm_libraries/qt5/qml"
+    export QML2_IMPORT_PATH="$arm_sysroot/usr/lib/arm-linux-gnueabihf/qt5/qml"
 }

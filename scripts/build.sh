@@ -24,6 +24,7 @@ benchmarks=OFF
 sanitize=OFF
 qt=5
 qmake=
+embedded=
 arm=
 
 fail() {
@@ -52,14 +53,11 @@ take_build_option() {
         [ $# -gt 1 ] || fail "--qmake needs the path of a qmake"
         qmake=$2
         build=$build-qt4
-        packages="$packages xvfb xauth"
         taken=2
         ;;
     --arm)
         arm=yes
         build=$build-arm
-        packages="$packages g++-arm-linux-gnueabihf"
-        . scripts/arm.sh
         ;;
     --help)
         usage
@@ -67,6 +65,20 @@ take_build_option() {
         ;;
     *) fail "unknown option $1; try --help" ;;
     esac
+}
+
+# What kind of Qt the qmake belongs to: one that is its own display server, one for another processor?
+look_at_qmake() {
+    configuration=$("$qmake" -query QMAKE_MKSPECS 2>/dev/null)/qconfig.pri
+    if grep -qs '^QT_CONFIG.* embedded' "$configuration"; then
+        embedded=yes
+        build=$build-embedded
+    else
+        packages="$packages xvfb xauth"
+    fi
+    if grep -qs '^QT_ARCH *= *arm$' "$configuration"; then
+        arm=yes
+    fi
 }
 
 # for_qt <packages for Qt 5> <packages for Qt 6>: those for the Qt that was chosen.
@@ -114,6 +126,11 @@ install_missing_packages() {
 build_project() {
     [ -z "$arm" ] || [ "$sanitize $qt $qmake" = "OFF 5 " ] ||
         fail "--arm goes with none of --sanitize, --qt6 and --qmake"
+    [ -z "$qmake" ] || look_at_qmake
+    if [ -n "$arm" ]; then
+        packages="$packages g++-arm-linux-gnueabihf"
+        . scripts/arm.sh
+    fi
     packages="$packages $(for_qt "$qt5_packages" "$qt6_packages")"
     install_missing_packages
     [ -z "$arm" ] || prepare_arm
@@ -129,7 +146,7 @@ build_project() {
 
 # Runs a command with a display that nobody sees, if it needs one and has none.
 with_display() {
-    if [ -n "$qmake" ] && [ -z "${DISPLAY-}" ]; then
+    if [ -n "$qmake" ] && [ -z "$embedded${DISPLAY-}" ]; then
         xvfb-run --auto-servernum "$@"
     else
         "$@"

@@ -14,6 +14,11 @@ set(CMAKE_SYSROOT "${DEVICE_SYSROOT}")
 # What CMake tries the compiler with is a project of its own, which is not told of options.
 set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES DEVICE_SYSROOT)
 
+# A Qt that is chosen by its qmake need not lie in the sysroot.
+if(QT_QMAKE_EXECUTABLE)
+    get_filename_component(CMAKE_FIND_ROOT_PATH "${QT_QMAKE_EXECUTABLE}/../.." ABSOLUTE)
+endif()
+
 # Programs are this machine's, all else is the device's.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
