@@ -1,8 +1,9 @@
 #include "host/tour.h"
 
+#include <QApplication>
 #include <QByteArray>
-#include <QCoreApplication>
 #include <QImage>
+#include <QPoint>
 #include <QProcess>
 #include <QStringList>
 
@@ -217,9 +218,8 @@ bool Tour::take(const Step &step)
         return m_visitor.misses(subject);
     case Step::Tap:
         return m_visitor.taps(subject);
-    case Step::TapTree: // its rows are no items of the scene
-        return m_visitor.taps(
-            "tree", QPoint(subject.section(',', 0, 0).toInt(), subject.section(',', 1).toInt()));
+    case Step::TapTree:
+        return tapTree(QPoint(subject.section(',', 0, 0).toInt(), subject.section(',', 1).toInt()));
     case Step::Type:
         return m_visitor.types(subject);
     case Step::Run:
@@ -236,6 +236,14 @@ bool Tour::take(const Step &step)
         return savePicture(subject);
     }
     return false;
+}
+
+// The tree's rows are no items of the scene.
+bool Tour::tapTree(QPoint place)
+{
+    if (QApplication::isRightToLeft())
+        place.setX(m_visitor.property("tree", "width").toInt() - place.x());
+    return m_visitor.taps("tree", place);
 }
 
 bool Tour::savePicture(const QString &name)

@@ -4,6 +4,7 @@
 #include "host/viewer.h"
 #include "host/visitor.h"
 
+#include <QPoint>
 #include <QString>
 
 /**
@@ -30,6 +31,7 @@ private:
     static const Step steps[];
 
     bool take(const Step &step);
+    bool tapTree(QPoint place);
     bool savePicture(const QString &name);
 
     Viewer &m_viewer;

@@ -179,7 +179,7 @@ Item {
     Rectangle {
         id: rail
         anchors { top: bar.bottom; bottom: parent.bottom; right: parent.right }
-        width: 248
+        width: 256
         color: Style.surface
 
         Rectangle {

@@ -25,9 +25,6 @@ Item {
     // Whether the folder that the tree begins with was empty when it was looked at last.
     property bool isEmpty: false
 
-    // Where sizes and dates would leave too little for the names.
-    property bool isNarrow: width < 640
-
     signal wordsWanted
 
     property string words: tree.nameFilters
@@ -159,10 +156,11 @@ Item {
         return entries;
     }
 
-    // The last column takes what the others leave.
+    // Names get what the others don't need: not before 640 px there is room for sizes too. The last column,
+    // the date, takes what the others leave.
     function fitColumns() {
-        var sizeWidth = isNarrow ? 0 : 100;
-        tree.setColumnHidden(1, isNarrow);
+        var sizeWidth = tree.width < 640 ? 0 : 100;
+        tree.setColumnHidden(1, sizeWidth === 0);
         tree.setColumnWidth(1, sizeWidth);
         tree.setColumnWidth(0, tree.width - 44 - sizeWidth - dateSample.paintedWidth - 16);
     }

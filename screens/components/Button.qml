@@ -12,7 +12,7 @@ Rectangle {
 
     signal clicked
 
-    width: 108
+    width: 112
     height: Style.touch
     radius: 4
     color: !enabled ? Style.softLine : !isFilled ? "white" : kind === "main" && area.pressed ? Style.darkBlue : tint
@@ -20,7 +20,7 @@ Rectangle {
     border.width: 1
 
     Label {
-        anchors { fill: parent; leftMargin: 4; rightMargin: 4 }
+        anchors { fill: parent; leftMargin: 3; rightMargin: 3 }
         horizontalAlignment: Text.AlignHCenter
         text: button.text
         color: !button.enabled ? Style.faintText : button.isFilled ? "white" : button.tint

@@ -81,6 +81,20 @@ public:
         return m_visitor.names("row:");
     }
 
+    /** Everything that is shown, from back to front. */
+    QList<ShownItem> items() const
+    {
+        return shownItemsLike(m_viewer, QString());
+    }
+
+    /** The names that a dialog lists from top to bottom, when they are @p expected or else never
+     * will be. */
+    QStringList namedOnce(const QStringList &expected)
+    {
+        waitUntil([&] { return m_visitor.names("named:") == expected; });
+        return m_visitor.names("named:");
+    }
+
     /** Lists the folders of all lists anew, as an operation does a while after it. */
     void listAnew()
     {

@@ -30,6 +30,7 @@ private slots:
     void programsAreFilteredAndNothingElseIs();
     void anEmptyFolderSaysSo();
     void aFingerScrollsALongList();
+    void theScrollMarkIsDraggedToTheEnd();
     void aListStaysWhereItWasScrolled();
 
     void touchesMarkFilesAndTheFooterCountsThem();
@@ -215,6 +216,22 @@ void TestScreens::aFingerScrollsALongList()
     QVERIFY(screens->taps("row:run_06.csv"));
     QVERIFY(screens->sees("summary", "1 file selected"));
     QCOMPARE(screens.text("detail"), QString("run_06.csv"));
+}
+
+void TestScreens::theScrollMarkIsDraggedToTheEnd()
+{
+    const DataFolder logs("logs");
+    for (int i = 0; i < 66; ++i) {
+        logs->file(QString("run_%1.csv").arg(i, 2, 10, QLatin1Char('0')), "1", noon - i * day);
+    }
+    Screens screens;
+    QVERIFY(screens->sees("row:run_00.csv"));
+    QVERIFY(screens->drags("scrollMark", QPoint(0, 300)));
+    QVERIFY(screens->taps("row:run_65.csv"));
+    QVERIFY(screens->sees("detail", "run_65.csv"));
+    QVERIFY(screens->drags("scrollMark", QPoint(0, -300)));
+    QVERIFY(screens->taps("row:run_00.csv"));
+    QVERIFY(screens->sees("detail", "run_65.csv, run_00.csv"));
 }
 
 // What is listed anew after a change must not jump under the finger; what is entered begins at its
