@@ -93,7 +93,7 @@ lend_arm_to_the_kernel() {
 take_arm_back() {
     exec 8>&-
     tries=0
-    while [ -e "/proc/sys/fs/binfmt_misc/filebrowser-arm-$$" ] && [ $tries -lt 100 ]; do
+    while find /proc/sys/fs/binfmt_misc -name "filebrowser-arm-$$*" | grep -q . && [ $tries -lt 100 ]; do
         tries=$((tries + 1))
         sleep 0.05
     done
