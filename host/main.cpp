@@ -162,9 +162,10 @@ int main(int argc, char *argv[])
     }
 
     Viewer::chooseFonts();
-    Viewer::chooseLocale(options.locale, options.screens + "/translations");
+    const QString screens = mainFile(options.screens);
+    Viewer::chooseLocale(options.locale, QFileInfo(screens).path() + "/translations");
     Viewer viewer(options.imports, options.size);
-    const QString problem = viewer.load(mainFile(options.screens));
+    const QString problem = viewer.load(screens);
     if (!problem.isEmpty()) {
         say(stderr, "filebrowser-viewer: can't show the screens\n" + problem);
         return Failed;
