@@ -98,25 +98,27 @@ private:
     QFileInfoList m_infos;
 };
 
+/**
+ * A new model for each listing: it reads and sorts in a thread of its own, anew for each property
+ * that is set, and shows whatever comes of that. One that has all set before it gets its folder
+ * reads that folder once.
+ */
 class FolderListModelLister : public Lister
 {
 public:
     FolderListModelLister()
+        : m_component(&m_engine)
     {
-        QDeclarativeComponent component(&m_engine);
 #if QT_VERSION >= 0x050000
-        component.setData("import Qt.labs.folderlistmodel 2.12\n"
-                          "FolderListModel { sortCaseSensitive: false; showOnlyReadable: false }",
-                          QUrl());
+        m_component.setData("import Qt.labs.folderlistmodel 2.12\n"
+                            "FolderListModel { sortCaseSensitive: false; showOnlyReadable: false; "
+                            "folder: 'file:///home/ostan/logs' }",
+                            QUrl());
 #else
-        component.setData("import Qt.labs.folderlistmodel 1.0\nFolderListModel { }", QUrl());
+        m_component.setData("import Qt.labs.folderlistmodel 1.0\n"
+                            "FolderListModel { folder: 'file:///home/ostan/logs' }",
+                            QUrl());
 #endif
-        m_model.reset(qobject_cast<QAbstractItemModel *>(component.create()));
-        if (!m_model) {
-            fprintf(stderr, "%s\n", qPrintable(component.errorString()));
-            exit(EXIT_FAILURE);
-        }
-        m_nameRole = m_model->roleNames().key("fileName");
     }
 
     bool knows(const Order &order) const override
@@ -127,7 +129,11 @@ public:
     void prepare(const Order &order) override
     {
         static const int fields[] = {1, 2, 3, 1}; // Name, Time, Size; folders first by name
-        setFolder(emptyFolder, 0);
+        m_model.reset(qobject_cast<QAbstractItemModel *>(m_component.create()));
+        if (!m_model) {
+            fprintf(stderr, "%s\n", qPrintable(m_component.errorString()));
+            exit(EXIT_FAILURE);
+        }
         m_model->setProperty("showDirsFirst", order.sortType == Directory::kind);
         m_model->setProperty("sortField", fields[order.sortType]);
         m_model->setProperty("sortReversed", order.descending);
@@ -136,17 +142,16 @@ public:
 
     void list(const QString &folder, int count) override
     {
-        setFolder(folder, count);
+        m_model->setProperty("folder", QUrl::fromLocalFile(folder));
+        runEventLoopUntil([this, count] { return m_model->rowCount() == count; });
     }
 
     QStringList names() const override
     {
-        return namesOf(*m_model, QModelIndex(), m_nameRole);
+        return namesOf(*m_model, QModelIndex(), m_model->roleNames().key("fileName"));
     }
 
 private:
-    /** Each property set starts a reading of its own, whose result could pass for the next one's.
-     */
     static void letItsThreadFinish()
     {
         const int quietMs = 30;
@@ -156,15 +161,9 @@ private:
             QCoreApplication::processEvents(QEventLoop::AllEvents, quietMs);
     }
 
-    void setFolder(const QString &folder, int count)
-    {
-        m_model->setProperty("folder", QUrl::fromLocalFile(folder));
-        runEventLoopUntil([this, count] { return m_model->rowCount() == count; });
-    }
-
     QDeclarativeEngine m_engine;
+    QDeclarativeComponent m_component;
     std::unique_ptr<QAbstractItemModel> m_model;
-    int m_nameRole;
 };
 
 class FileSystemModelLister : public Lister
