@@ -1,6 +1,7 @@
 #include "support/measure.h"
 
 #include <chrono>
+#include <cmath>
 
 namespace {
 double secondsOf(const Step &step)
@@ -35,5 +36,6 @@ void measure(benchmark::State &state, const Step &reference, const Step &work,
         }
         state.SetIterationTime(taken);
         state.counters["reference"] = (before + after) / 2;
+        state.counters["noise"] = std::fabs(before - after) / (before + after);
     }
 }

@@ -20,7 +20,8 @@ Step step(const std::function<void()> &run);
 /**
  * Times @p work and, right before and right after it, @p reference: a machine that is faster or
  * slower now than a second ago is so for both, and their ratio stays. The time of work becomes that
- * of the benchmark, the mean of the two others its counter "reference".
+ * of the benchmark, the mean of the two others its counter "reference". The counter "noise" is by
+ * how much, as a share, either of the two is off that mean.
  *
  * What @p check finds wrong afterwards is its result; the time counts only when that is empty.
  */
