@@ -13,8 +13,9 @@
  * switched: what is created has the account as owner and the process's own group.
  *
  * The effective user id belongs to the whole process. Use it on the user-interface thread only;
- * other threads of the process, Qt's file-system watcher for one, run under the switched id
- * meanwhile. The guard takes no lock.
+ * other threads of the process run under the switched id meanwhile. Among them is the one that
+ * reads folders for the tree: a folder that the account may not read, and that it reads just then,
+ * shows as empty until it is read anew. The guard takes no lock.
  */
 class PrivilegeDropGuard
 {

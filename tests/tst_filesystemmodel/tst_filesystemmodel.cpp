@@ -1,5 +1,7 @@
 #include "tree/filesystemmodel.h"
 
+#include "common/privilegedropguard.h"
+
 #include "support/loading.h"
 #include "support/signallog.h"
 #include "support/surface.h"
@@ -11,6 +13,8 @@
 #include <QFont>
 #include <QPixmap>
 #include <QTest>
+
+#include <sys/stat.h>
 
 namespace {
 const time_t aDay = 1370044800; // 1 June 2013, 00:00 UTC
@@ -60,6 +64,7 @@ private slots:
     void filesAreAnnouncedAsLoadedToo();
     void aGrowingFileShowsItsNewSizeAndDate();
     void otherRolesAreSetByQtsModel();
+    void whatIsReadUnderAGuardIsWhatTheAccountMayRead();
 };
 
 void tst_FileSystemModel::aNewModelHasNothingChecked()
@@ -333,6 +338,30 @@ void tst_FileSystemModel::otherRolesAreSetByQtsModel()
     QVERIFY(model.setData(file, "b.csv", Qt::EditRole));
     QCOMPARE(dir.names(), QStringList("b.csv"));
     QCOMPARE(model.checkedFilesKB(), quint64(0));
+}
+
+// Folders are read by a thread of Qt's, whose user id is switched with all others. What it could
+// not read then stays empty until it is read anew.
+void tst_FileSystemModel::whatIsReadUnderAGuardIsWhatTheAccountMayRead()
+{
+    const TestDir dir;
+    for (const char *folder : {"public", "roots own"}) {
+        dir.folder(folder);
+        dir.file(QString(folder) + "/a.csv", 10);
+    }
+    chmod(dir.path("roots own").toLocal8Bit().constData(), 0700);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    {
+        const PrivilegeDropGuard guard;
+        QVERIFY(load(model, dir.path("public")));
+        QVERIFY(load(model, dir.path("roots own")));
+        QVERIFY(isThere(model, dir.path("public"), "a.csv"));
+        QCOMPARE(model.rowCount(model.index(dir.path("roots own"))), 0);
+    }
+    FileSystemModel another;
+    QVERIFY(load(another, dir.path("roots own")));
+    QVERIFY(isThere(another, dir.path("roots own"), "a.csv"));
 }
 
 QTEST_MAIN(tst_FileSystemModel)
