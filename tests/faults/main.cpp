@@ -63,8 +63,8 @@ void perform(Operation *operation, const QStringList &excuses, Complaints *compl
     const std::function<bool(const char *)> isExcused = [&](const char *what) {
         return excuses.contains(QLatin1String(what));
     };
+    const uid_t user = geteuid(); // first: preparing may lose it already
     operation->prepare();
-    const uid_t user = geteuid();
     const int descriptors = settledDescriptors();
     waitForTracer();
     alarm(deadlineSeconds); // a mutex that is still locked ends this process

@@ -844,6 +844,8 @@ bool tst_Random::holdsLevel(int steps, int actions, const Property &property)
 
 void tst_Random::theBreadcrumbLosesItsItemsAndNoMore()
 {
+    if (qgetenv("GLIBC_TUNABLES").isEmpty())
+        QSKIP("freed memory counts as used: run by ctest", SkipSingle);
     const TestDir dir("/home/ostan/logs");
     dir.folder("soil/2013");
     Directory directory;
