@@ -9,7 +9,7 @@
 #include "support/testdir.h"
 #include "support/waiting.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -592,10 +592,12 @@ void tst_DirectoryCopy::aKillLeavesTheSourcesUntouched()
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = application.arguments();
-    if (arguments.value(1) == copyOption)
+    if (argc > 1 && qstrcmp(argv[1], copyOption) == 0) {
+        const QCoreApplication application(argc, argv);
+        const QStringList arguments = QCoreApplication::arguments();
         return copyEverything(arguments.value(2), arguments.value(3));
+    }
+    const QApplication application(argc, argv); // takes the options for its display out
     tst_DirectoryCopy test;
     return QTest::qExec(&test, argc, argv);
 }
