@@ -138,6 +138,7 @@ const Tour::Step Tour::steps[] = {
     {Step::Tap, "tab:Graphs", nullptr},
     {Step::Tap, "row:names", nullptr},
     {Step::Tap, "heading:Name", nullptr},
+    {Step::Tap, "heading:Name", nullptr},
     {Step::Picture, "odd-names", nullptr},
 
     // As many files as a copy needs to be looked at, and stopped.

@@ -22,8 +22,9 @@ function folderOf(path) {
 function parted(text, isName) {
     var words = text.split(" ");
     var names = [];
+    var last = 0;
     for (var first = 0; first < words.length; first = last) {
-        var last = words.length;
+        last = words.length;
         while (last > first + 1 && !isName(words.slice(first, last).join(" ")))
             --last;
         names.push(words.slice(first, last).join(" "));
