@@ -186,6 +186,9 @@ void TestViewer::theTourWritesAPictureOfEveryStep()
     const TestDir pictures;
     const Outcome outcome = runViewer(QStringList() << "--tour" << pictures.path());
     QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
+    // Whatever an engine warns about it finds in a file.
+    QVERIFY2(!outcome.errors.contains(".qml:"), qPrintable(outcome.errors));
+    QVERIFY2(!outcome.errors.contains(".js:"), qPrintable(outcome.errors));
     const QStringList names = pictures.names();
     QCOMPARE(names.size(), 27);
     QCOMPARE(names.first(), QString("01-logs.png"));
