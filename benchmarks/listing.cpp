@@ -205,8 +205,9 @@ int main(int argc, char **argv)
 
     const double goal = 2;
     for (const Order &order : orders) {
-        for (const char *zone : {static_cast<const char *>(nullptr), zoneSet})
-            addListing(order, zone, usualCount, goal);
+        addListing(order, zoneSet, usualCount, goal);
+        if (order.sortType == Directory::date) // no other order looks at the zone
+            addListing(order, nullptr, usualCount, goal);
     }
     const Order &byDate = orders[2];
     // The time of a few entries is that of the steps before the first; nobody sees it.
