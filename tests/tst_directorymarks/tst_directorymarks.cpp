@@ -25,6 +25,7 @@ private slots:
     void cleanup();
 
     void marksComeBackAfterARelisting();
+    void anEntryThatItsOwnMarkDoesAwayWithIsNotSelected();
     void marksComeBackAfterNavigation();
     void theSelectionOutlivesAnotherRoot();
     void theSameNamesKeepTheirMarks();
@@ -245,6 +246,21 @@ void tst_DirectoryMarks::aRenamedFileStaysSelectedUnderItsOldName()
     QCOMPARE(markedNames(m_directory), QStringList());
     QCOMPARE(m_directory->selectedFiles(), QString("a.log"));
     QCOMPARE(m_directory->selectedFilesKB(), qint64(2));
+}
+
+// A handler of the mark has the folder listed anew, and the entry is another one then.
+void tst_DirectoryMarks::anEntryThatItsOwnMarkDoesAwayWithIsNotSelected()
+{
+    m_folder->file("a.log", 3000);
+    list(m_folder->path());
+    const Reaction relisting(shownFile(m_directory, 0), SIGNAL(isSelectedChanged()), [&] {
+        m_folder->file("b.log", 3000);
+        m_directory->refresh();
+    });
+    m_directory->setIsSelectedAt(0, true);
+    QCOMPARE(m_directory->filesCount(), 2);
+    QCOMPARE(m_directory->selectedFiles(), QString());
+    QCOMPARE(m_directory->selectedFilesKB(), qint64(0));
 }
 
 QTEST_MAIN(tst_DirectoryMarks)

@@ -98,6 +98,11 @@ void tst_TreeFilter::onlySettingWordsOpensTheTreeWithoutWords()
     QVERIFY(tree.parts.view->isExpanded(folder));
 
     tree.item.collapseAll();
+    QVERIFY(!tree.parts.view->isExpanded(folder));
+    tree.item.expandAll();
+    QVERIFY(tree.parts.view->isExpanded(folder));
+
+    tree.item.collapseAll();
     tree.item.setNameFilterOn(false);
     tree.item.setNameFilters("b");
     QVERIFY(!tree.parts.view->isExpanded(folder));
