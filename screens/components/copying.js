@@ -5,6 +5,10 @@
 var fileCost = 65536;
 var firstPortion = 64 * fileCost;
 
+// However fast it went so far: a stick takes the first megabytes into memory, and then all at once no more.
+var largestGrowth = 16;
+var mostBytes = 32 * 1024 * 1024;
+
 var waiting;
 var next;
 var failures;
@@ -46,17 +50,19 @@ function now() {
 function take() {
     var first = next;
     var sum = 0;
+    var bytes = 0;
     do {
         sum += work(waiting[next]);
+        bytes += waiting[next].bytes;
         ++next;
     } while (next < waiting.length && waiting[next].folder === waiting[first].folder
-             && sum + work(waiting[next]) <= portion);
+             && sum + work(waiting[next]) <= portion && bytes + waiting[next].bytes <= mostBytes);
     return { entries: waiting.slice(first, next), work: sum };
 }
 
 // The next portion is as much more or less than this one as that took less or more time than it should.
 function taken(piece, ms, portionMs) {
-    portion = Math.max(fileCost, piece.work * portionMs / Math.max(1, ms));
+    portion = Math.max(fileCost, piece.work * Math.min(largestGrowth, portionMs / Math.max(1, ms)));
     workDone += piece.work;
     workWaiting -= piece.work;
 }
