@@ -114,12 +114,12 @@ install_missing_packages() {
     missing=$(missing_packages)
     [ -n "$missing" ] || return 0
     echo "Installing" $missing
-    as_root apt-get update -q
+    as_root apt-get update -q -o Acquire::Retries=5
     # What is found when the build is configured may be more now.
     rm -f "$build/build.ninja"
     # shellcheck disable=SC2086 # one package per word
     as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -q --yes --no-install-recommends $missing
+        apt-get install -q --yes --no-install-recommends -o Acquire::Retries=5 $missing
 }
 
 # build_project [target...]
