@@ -335,11 +335,7 @@ void countModule(const QString &imports)
         const std::unique_ptr<QObject> object(component->create());
         need(object.get(), qPrintable(component->errorString()));
     };
-#if QT_VERSION >= 0x050000
-    const QByteArray base = "import QtQuick 2.0\n";
-#else
-    const QByteArray base = "import QtQuick 1.0\n";
-#endif
+    const QByteArray base = qVersion()[0] == '4' ? "import QtQuick 1.0\n" : "import QtQuick 2.0\n";
     const QByteArray import = base + "import FileBrowser 1.0 as Module\n";
     QDeclarativeComponent(&engine).setData(base + "QtObject { }", QUrl());
     counted("load the module", 1, [&] { need(importModule(&engine, imports), "module"); });

@@ -11,11 +11,7 @@
 namespace {
 const int startMs = 60000; // only a viewer that hangs takes so long
 
-#if QT_VERSION < 0x050000
-const QByteArray quick = "import QtQuick 1.1\n";
-#else
-const QByteArray quick = "import QtQuick 2.0\n";
-#endif
+const QByteArray quick = qVersion()[0] == '4' ? "import QtQuick 1.1\n" : "import QtQuick 2.0\n";
 
 struct Outcome
 {
@@ -119,7 +115,7 @@ void TestViewer::theVersionIsTheModules()
     QCOMPARE(runViewer(QStringList("--version")).output, text);
 
     QVERIFY2(text.startsWith("filebrowser " FILEBROWSER_VERSION " (source "), qPrintable(text));
-    QVERIFY2(text.endsWith(", Qt " QT_VERSION_STR ")\n"), qPrintable(text));
+    QVERIFY2(text.endsWith(QString(", Qt %1)\n").arg(qVersion())), qPrintable(text));
 }
 
 void TestViewer::theModulesListTellsItsVersion()
