@@ -65,6 +65,12 @@ void setModified(const QString &path, qint64 seconds)
 {
     setTimes(path, static_cast<time_t>(seconds), static_cast<time_t>(seconds));
 }
+
+// A C library of 32 bits that knows of larger times refuses them to those who don't.
+bool canLookAt(const QString &path)
+{
+    return QFileInfo(path).exists();
+}
 } // namespace
 
 class tst_ModificationDates : public QObject
@@ -120,6 +126,8 @@ void tst_ModificationDates::everyTimeIsThatOfQFileInfo()
     const TestDir dir;
     dir.file("a.log", 5000);
     setModified(dir.path("a.log"), seconds);
+    if (!canLookAt(dir.path("a.log")))
+        QSKIP("this Qt was built with times of 32 bits and can't look at such a file", SkipSingle);
     QVERIFY(QFile::link(dir.path("a.log"), dir.path("link")));
     const QDateTime expected = QFileInfo(dir.path("a.log")).lastModified();
 
@@ -157,6 +165,8 @@ void tst_ModificationDates::everyTwoTimesAreInTheOrderOfQDir()
             dir.file("b");
             setModified(dir.path("a"), one.seconds);
             setModified(dir.path("b"), other.seconds);
+            if (!canLookAt(dir.path("a")) || !canLookAt(dir.path("b")))
+                continue;
             for (int flags : {int(QDir::Time), int(QDir::Time | QDir::Reversed)}) {
                 QVector<FolderEntry> entries = readFolder(dir.path());
                 sortEntries(&entries, QDir::SortFlags(flags));
