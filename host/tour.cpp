@@ -13,7 +13,7 @@ const int drawingMs = 300; // for what changes with time: flick, file-system wat
 // Up to where something is filled in.
 QString translated(const char *text)
 {
-    const QString asWritten = QString::fromUtf8(text);
+    QString asWritten = QString::fromUtf8(text);
     if (!asWritten.contains('|')) {
         return asWritten;
     }

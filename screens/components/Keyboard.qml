@@ -40,10 +40,10 @@ Rectangle {
         spacing: 5
 
         Repeater {
-            model: keyboard.rows
+            model: keyboard.rows.length
 
             Row {
-                property string characters: modelData
+                property string characters: keyboard.rows[index]
 
                 anchors.horizontalCenter: parent.horizontalCenter
                 spacing: 6

@@ -25,7 +25,8 @@ std::ostream &operator<<(std::ostream &stream, const Step &step)
 
 int wantedSteps()
 {
-    return isLong() ? atoi(getenv("FILEBROWSER_STEPS")) : sampleSteps;
+    const char *const wanted = getenv("FILEBROWSER_STEPS");
+    return wanted ? atoi(wanted) : sampleSteps;
 }
 
 bool holdsFor(int steps, int actions, const Property &property)

@@ -89,7 +89,7 @@ QString callOf(const QString &line)
     int start = 0;
     while (start < line.size() && (line.at(start).isDigit() || line.at(start) == ' '))
         ++start; // the id of the thread
-    const QString name = line.mid(start, line.indexOf('(') - start);
+    QString name = line.mid(start, line.indexOf('(') - start);
     for (const QChar &character : name) {
         if (!character.isLetterOrNumber() && character != '_')
             return QString();
@@ -215,7 +215,7 @@ private:
     {
         do {
             while (process->canReadLine()) {
-                const QByteArray line = process->readLine();
+                QByteArray line = process->readLine();
                 if (line.contains(word))
                     return line;
             }

@@ -33,7 +33,7 @@
 
 namespace {
 const int delayMs = 200;
-const qint64 mostGrowth = 256 * 1024; // what Qt keeps for later, however many the steps
+const qint64 mostGrowth = qint64(256) * 1024; // what Qt keeps for later, however many the steps
 const char *const fileNames[] = {"a.csv",    "B.csv", "b.csv", "run 1.py",
                                  "run 2.py", "z",     "sub",   "deep"};
 const int nameCount = sizeof fileNames / sizeof *fileNames;
@@ -64,7 +64,7 @@ void meddle(const QString &folder, const QString &name, int size)
     } else {
         QFile file(path);
         file.open(QIODevice::WriteOnly);
-        file.resize(size * 7);
+        file.resize(qint64(size) * 7);
         file.close();
         setTimes(path, 1368000000 + size, 1368000000 + size);
     }
