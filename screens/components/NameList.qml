@@ -18,7 +18,7 @@ Item {
         hasRemarks = entries.length > 0 && entries[0].remark !== "";
         for (var i = 0; i < entries.length; ++i)
             rows.append(entries[i]);
-        view.contentY = 0;
+        view.positionViewAtIndex(0, ListView.Beginning);
     }
 
     ListModel {
