@@ -176,6 +176,15 @@ bool returns(const std::function<void()> &action)
     alarm(0);
     return timer.elapsed() < deadlineMs;
 }
+
+const QString umlaut = QString::fromUtf8("m\303\274ll.csv");
+
+/** Whether the file system of @p stick can hold a file called @p name. */
+bool holds(const DiskStick &stick, const QString &name)
+{
+    QFile file(stick.path(name));
+    return file.open(QIODevice::WriteOnly) && file.remove();
+}
 } // namespace
 
 class tst_Sticks : public QObject
@@ -231,11 +240,10 @@ void tst_Sticks::namesThatCantBeAreTold_data()
 {
     QTest::addColumn<int>("format");
     QTest::addColumn<QString>("failed");
-    const QString umlaut = QString::fromUtf8("m\303\274ll.csv");
     QTest::newRow("ext4") << int(DiskStick::Ext4) << QString();
     // A second name that differs in case only is the name of the first.
     QTest::newRow("exFAT") << int(DiskStick::ExFat) << "c:d?.csv case.csv";
-    QTest::newRow("FAT") << int(DiskStick::Fat) << "c:d?.csv case.csv " + umlaut;
+    QTest::newRow("FAT") << int(DiskStick::Fat) << "c:d?.csv case.csv";
     // What this driver writes a computer may be unable to read.
     QTest::newRow("NTFS") << int(DiskStick::Ntfs) << QString();
 }
@@ -245,14 +253,16 @@ void tst_Sticks::namesThatCantBeAreTold()
     NEED_FORMAT;
     QFETCH(QString, failed);
     const TestDir dir;
-    QStringList names = QStringList()
-                        << "CASE.csv"
-                        << "c:d?.csv"
-                        << "case.csv"
-                        << "dots..." << QString::fromUtf8("m\303\274ll.csv") << QString(255, 'x');
+    QStringList names = QStringList() << "CASE.csv"
+                                      << "c:d?.csv"
+                                      << "case.csv"
+                                      << "dots..." << umlaut << QString(255, 'x');
     for (const QString &name : names)
         dir.file(name, pattern(3000) + name.toUtf8());
     const DiskStick stick(device, place, 16384, type, DiskStick::Account);
+    // This driver learned of other letters with a newer release of Debian.
+    if (type == DiskStick::Fat && !holds(stick, umlaut))
+        failed += ' ' + umlaut;
     Selection selection(dir);
 
     QCOMPARE(selection.copyToStick(), failed);
