@@ -31,12 +31,14 @@ Rectangle {
             width: parent.width
             text: refused.reason
             wrapMode: Text.WordWrap
+            maximumLineCount: 6
         }
 
         Label {
             width: parent.width
             text: qsTr("Files are made, changed and copied as the account \"ostan\", and this process can't become it. Start the viewer on a private instrument instead, with the command")
             wrapMode: Text.WordWrap
+            maximumLineCount: 6
         }
 
         Label {

@@ -30,6 +30,7 @@ Overlay {
             horizontalAlignment: Text.AlignHCenter
             text: busy.text
             wrapMode: Text.WrapAtWordBoundaryOrAnywhere
+            maximumLineCount: 4
         }
     }
 

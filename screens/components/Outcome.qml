@@ -37,6 +37,7 @@ Overlay {
                 color: Style.warning
                 font.bold: true
                 wrapMode: Text.WrapAtWordBoundaryOrAnywhere
+                maximumLineCount: 4
             }
 
             Label {
@@ -45,6 +46,7 @@ Overlay {
                 visible: text !== ""
                 text: outcome.detail
                 wrapMode: Text.WrapAtWordBoundaryOrAnywhere
+                maximumLineCount: 4
             }
         }
 
