@@ -12,7 +12,8 @@ const qint64 endOfSummerTime = 1382835600; // 27 October 2013, 03:00 becomes 02:
 qint64 byQt(qint64 ms)
 {
     const QDateTime local = QDateTime::fromMSecsSinceEpoch(ms);
-    return QDateTime(local.date(), local.time(), Qt::UTC).toMSecsSinceEpoch();
+    return QDate(1970, 1, 1).daysTo(local.date()) * Q_INT64_C(86400000) +
+           QTime(0, 0).msecsTo(local.time());
 }
 } // namespace
 
