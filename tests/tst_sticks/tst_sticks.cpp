@@ -260,7 +260,7 @@ void tst_Sticks::namesThatCantBeAreTold()
     for (const QString &name : names)
         dir.file(name, pattern(3000) + name.toUtf8());
     const DiskStick stick(device, place, 16384, type, DiskStick::Account);
-    // This driver learned of other letters with a newer release of Debian.
+    // This driver writes other letters since Debian 13.
     if (type == DiskStick::Fat && !holds(stick, umlaut))
         failed += ' ' + umlaut;
     Selection selection(dir);
@@ -269,11 +269,14 @@ void tst_Sticks::namesThatCantBeAreTold()
 
     for (const QString &name : failed.split(' '))
         names.removeAll(name);
-    QStringList found = namesOnStick();
-    found.sort();
-    QCOMPARE(found, names);
     for (const QString &name : names)
         QCOMPARE(contentsOnStick(name), pattern(3000) + name.toUtf8());
+    QStringList found = namesOnStick();
+    found.sort();
+    // Nor does that keep dots at the end, but it finds the file by them.
+    if (type == DiskStick::Fat && found.contains("dots"))
+        names.replaceInStrings("dots...", "dots");
+    QCOMPARE(found, names);
 }
 
 void tst_Sticks::timesAreAsExactAsTheFileSystem_data()
