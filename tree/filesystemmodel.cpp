@@ -33,6 +33,10 @@ bool isFolderOnDisk(const QString &path)
     struct stat info;
     return stat(QFile::encodeName(path).constData(), &info) == 0 && S_ISDIR(info.st_mode);
 }
+
+// Since 6.5 Qt's model searches its queue for ever when a watched file and its folder change in one
+// go, as they do when the file is deleted.
+const bool canWatchFiles = QT_VERSION < 0x060500;
 } // namespace
 
 FileSystemModel::FileSystemModel(QObject *parent)
@@ -155,8 +159,11 @@ void FileSystemModel::readDirectory(const QString &path)
 #if QT_VERSION < 0x050000
     takeNewSizes(this, folder);
 #endif
-    for (int row = 0; row < rowCount(folder); ++row)
-        fetchMore(index(row, nameColumn, folder));
+    for (int row = 0; row < rowCount(folder); ++row) {
+        const QModelIndex child = index(row, nameColumn, folder);
+        if (canWatchFiles || isDir(child))
+            fetchMore(child);
+    }
 }
 
 void FileSystemModel::selectAll()

@@ -86,7 +86,7 @@ public slots:
      * directoryLoaded(). Subfolders start to load. Files start to be watched, so that one that
      * grows shows its size, and directoryLoaded() comes for each of them, too. Only while check
      * boxes are shown and only for paths that contain the name of the instrument's account, in
-     * upper or lower case.
+     * upper or lower case. Files are left out on Qt 6.5 and newer, whose model hangs on them.
      *
      * Each row takes one of the watches that the kernel allows a user
      * (fs.inotify.max_user_watches). What is beyond them Qt looks at once a second.

@@ -44,3 +44,8 @@ bool isThere(const QFileSystemModel &model, const QString &folder, const QString
     }
     return false;
 }
+
+bool filesAreWatched()
+{
+    return QT_VERSION < 0x060500;
+}

@@ -29,6 +29,9 @@ private:
  */
 bool load(QFileSystemModel &model, const QString &path);
 
+/** Whether files are watched one by one; newer Qts can't be trusted with it. */
+bool filesAreWatched();
+
 /** Whether the folder @p folder has a row @p name by now. */
 bool isThere(const QFileSystemModel &model, const QString &folder, const QString &name);
 

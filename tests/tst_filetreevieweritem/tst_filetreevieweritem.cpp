@@ -382,6 +382,8 @@ void tst_FileTreeViewerItem::theTaggedPathReachesTheModel()
 
 void tst_FileTreeViewerItem::aGrowingFileFindsItsPlaceInTheOrder()
 {
+    if (!filesAreWatched())
+        QSKIP("the model of this Qt hangs when files are watched", SkipAll);
     const int sizeColumn = 1;
     const TestDir dir("/home/ostan/logs");
     dir.file("a.log", 1000);

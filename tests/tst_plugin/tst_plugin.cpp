@@ -35,7 +35,7 @@ QString modulePath()
 QByteArray expectedRecord()
 {
 #if QT_VERSION < 0x050000
-    return "pattern=QT_PLUGIN_VERIFICATION_DATA\nversion=" QT_VERSION_STR
+    return QByteArray("pattern=QT_PLUGIN_VERIFICATION_DATA\nversion=") + qVersion() +
            "\ndebug=false\nbuildkey=" QT_BUILD_KEY;
 #else
     return "pattern=QT_PLUGIN_VERIFICATION_DATA\n"
