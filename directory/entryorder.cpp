@@ -34,8 +34,8 @@ quint64 largestFirst(qint64 number)
     return ~(static_cast<quint64>(number) ^ signBit);
 }
 
-// QDir compares whole seconds on Qt 4.8, and on Qt 5 the milliseconds of the local clock, so that
-// the hour before and the hour after the end of summer time fall together.
+// QDir compares whole seconds on Qt 4.8, and until Qt 6.5 the milliseconds of the local clock, so
+// that the hour before and the hour after the end of summer time fall together.
 quint64 timeKey(const FolderEntry &entry, WallClock *clock)
 {
     if (entry.modified == noTime)
@@ -44,7 +44,7 @@ quint64 timeKey(const FolderEntry &entry, WallClock *clock)
     Q_UNUSED(clock);
     return largestFirst(entry.modified / 1000);
 #else
-    return largestFirst(clock->at(entry.modified));
+    return largestFirst(QT_VERSION < 0x060600 ? clock->at(entry.modified) : entry.modified);
 #endif
 }
 
