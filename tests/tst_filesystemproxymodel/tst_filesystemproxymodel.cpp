@@ -3,15 +3,13 @@
 #include "tree/filesystemmodel.h"
 
 #include "support/loading.h"
+#include "support/modelchecker.h"
 #include "support/signallog.h"
 #include "support/surface.h"
 #include "support/testdir.h"
 #include "support/timezone.h"
 #include "support/waiting.h"
 
-#if QT_VERSION >= 0x050B00
-#include <QAbstractItemModelTester>
-#endif
 #include <QDateTime>
 #include <QFileInfo>
 #include <QStandardItemModel>
@@ -98,19 +96,6 @@ public:
 private:
     const QString m_path;
 };
-
-#if QT_VERSION >= 0x050B00
-/** Fails the test when a model breaks the contract of item models. */
-typedef QAbstractItemModelTester Checker;
-#else
-/** Qt 4.8 can't check models. */
-struct Checker
-{
-    explicit Checker(QAbstractItemModel *)
-    {
-    }
-};
-#endif
 } // namespace
 
 class tst_FileSystemProxyModel : public QObject
