@@ -22,19 +22,21 @@ QDir::SortFlags flagsOf(Directory::SortType type, bool isAscending)
         return QDir::Name | (isAscending ? QDir::DirsFirst : QDir::DirsLast);
     }
 }
+
+void tell(const std::function<void()> &handler)
+{
+    if (handler)
+        handler();
+}
 } // namespace
 
 PlainDirectory::PlainDirectory()
     : root(DataFolders::logs())
     , currentPath(root)
     , kilobytes(0)
-    , listsWhenSelected(false)
-    , willRefresh(false)
-    , willClear(false)
     , m_type(Directory::date)
     , m_isAscending(true)
     , m_onlyScripts(false)
-    , m_willMark(false)
 {
 }
 
@@ -54,7 +56,8 @@ void PlainDirectory::refresh()
             isSame = items.at(i).name == shown.at(i).name;
         if (!isSame) {
             shown = items;
-            m_willMark = true;
+            tell(whenListed);
+            defer(Mark);
         }
     }
     breadcrumb = QFileInfo(root).dir().relativeFilePath(currentPath).split('/');
@@ -75,6 +78,7 @@ void PlainDirectory::setCurrentPath(const QString &path)
         return;
     currentPath = path;
     refresh();
+    tell(whenMoved);
 }
 
 void PlainDirectory::selectPath(const QString &path)
@@ -103,6 +107,7 @@ void PlainDirectory::reorderBy(Directory::SortType type)
     }
     m_type = type;
     refresh();
+    tell(whenSortedByOther);
     if (!m_isAscending) {
         m_isAscending = true;
         refresh();
@@ -125,10 +130,10 @@ void PlainDirectory::mark(int index, bool isSelected)
     if (isSelected) {
         selection.insert(key, item.name);
         kilobytes += item.size / 1024;
-        noteSelected();
+        tell(whenSelected);
     } else if (selection.remove(key) > 0) {
         kilobytes -= item.size / 1024;
-        noteSelected();
+        tell(whenSelected);
     }
 }
 
@@ -146,7 +151,7 @@ void PlainDirectory::clearSelection()
     kilobytes = 0;
     for (Item &item : shown)
         item.isMarked = false;
-    noteSelected();
+    tell(whenSelected);
 }
 
 QString PlainDirectory::namesThatFail(const QString &destination) const
@@ -164,17 +169,26 @@ QString PlainDirectory::namesThatFail(const QString &destination) const
     return failed.join(" ");
 }
 
+void PlainDirectory::defer(Deferred what)
+{
+    m_deferred.append(what);
+}
+
 void PlainDirectory::timePasses()
 {
-    if (willClear)
-        clearSelection();
-    if (willRefresh)
-        refresh();
-    for (Item &item : shown) {
-        if (m_willMark)
-            item.isMarked = selection.contains(currentPath + '/' + item.name);
+    while (!m_deferred.isEmpty()) {
+        switch (m_deferred.takeFirst()) {
+        case Refresh:
+            refresh();
+            break;
+        case ClearSelection:
+            clearSelection();
+            break;
+        case Mark:
+            markSelected();
+            break;
+        }
     }
-    willClear = willRefresh = m_willMark = false;
 }
 
 QString PlainDirectory::entry(int index) const
@@ -182,8 +196,8 @@ QString PlainDirectory::entry(int index) const
     return index >= 0 && index < m_entries.size() ? m_entries.at(index).fileName() : QString();
 }
 
-void PlainDirectory::noteSelected()
+void PlainDirectory::markSelected()
 {
-    if (listsWhenSelected)
-        refresh();
+    for (Item &item : shown)
+        item.isMarked = selection.contains(currentPath + '/' + item.name);
 }

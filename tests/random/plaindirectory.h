@@ -8,6 +8,8 @@
 #include <QMap>
 #include <QString>
 
+#include <functional>
+
 /** What a Directory must show, told in the plainest way: QDir lists, and nothing is remembered. */
 class PlainDirectory
 {
@@ -36,7 +38,11 @@ public:
     /** Names that copying the selection to @p destination must tell as failed. */
     QString namesThatFail(const QString &destination) const;
 
-    /** All that was put off for 200 ms has happened. */
+    /** What a Directory puts off for 200 ms. */
+    enum Deferred { Refresh, ClearSelection, Mark };
+    void defer(Deferred what);
+
+    /** All that was put off happens, and what that puts off. */
     void timePasses();
 
     /** Name of entry @p index of the folder read; null beyond its ends. */
@@ -49,18 +55,21 @@ public:
     QMap<QString, QString> selection;
     qint64 kilobytes;
     QStringList breadcrumb;
-    bool listsWhenSelected; ///< a handler of selectedFilesChanged() calls refresh()
-    bool willRefresh;
-    bool willClear;
+
+    // What handlers do, each where its signal is emitted; empty without one.
+    std::function<void()> whenListed;
+    std::function<void()> whenMoved;
+    std::function<void()> whenSelected;
+    std::function<void()> whenSortedByOther;
 
 private:
-    void noteSelected();
+    void markSelected();
 
     QList<QFileInfo> m_entries;
     Directory::SortType m_type;
     bool m_isAscending;
     bool m_onlyScripts;
-    bool m_willMark;
+    QList<Deferred> m_deferred; // in the order of their timers
 };
 
 #endif // PLAINDIRECTORY_H
