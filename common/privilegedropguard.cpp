@@ -37,6 +37,6 @@ PrivilegeDropGuard::PrivilegeDropGuard()
 PrivilegeDropGuard::~PrivilegeDropGuard()
 {
     // Nothing could be done about a failure here, least of all in the middle of an exception.
-    if (seteuid(m_previousId) != 0)
-        return;
+    const int result = seteuid(m_previousId);
+    static_cast<void>(result);
 }

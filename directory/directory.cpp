@@ -112,8 +112,6 @@ QVector<FolderEntry> Directory::shownEntries() const
 
 bool Directory::filter(const QString &name) const
 {
-    if (m_filters.isEmpty())
-        return true;
     for (const QString *text : m_filters) {
         if (name.contains(*text))
             return true;

@@ -212,11 +212,13 @@ void tst_PrivilegeDropGuard::anUnreadableDatabaseIsReported()
 
 void tst_PrivilegeDropGuard::aDatabaseThatCannotBeOpenedIsReported()
 {
-    const auto entryWithoutFiles = [] {
-        const rlimit none = {0, 0};
-        return setrlimit(RLIMIT_NOFILE, &none) == 0 ? entry() : QByteArray("no limit");
-    };
-    QCOMPARE(inProcessOf(0, 0, 0, entryWithoutFiles), refusal(EMFILE));
+    rlimit before;
+    QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none = {0, before.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const QByteArray result = entry();
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
+    QCOMPARE(result, refusal(EMFILE));
     QCOMPARE(refusal(EMFILE), QByteArray("Unable to drop priviledges: Too many open files"));
 }
 
