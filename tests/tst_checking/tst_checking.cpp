@@ -71,6 +71,7 @@ private slots:
     void anEmptyFolderSaysThatItIsNotLoaded();
     void listSelectedFilesDoesNothing();
     void clearAllOfANewModelLeavesTheTotalAlone();
+    void aRootThatIsAFileByNowHasNothingToCheck();
     void copyCarriesTimesAndNamesWhatFailed();
     void copyNeverOverwrites();
     void copyOfNothingIsNoFailure();
@@ -245,6 +246,24 @@ void tst_Checking::clearAllOfANewModelLeavesTheTotalAlone()
     QCOMPARE(debug.lines().count(), 2);
     QCOMPARE(debug.lines().first(), QString("Remove Size  \"\" = 0"));
 #endif
+    QCOMPARE(model.checkedFilesKB(), quint64(0));
+}
+
+void tst_Checking::aRootThatIsAFileByNowHasNothingToCheck()
+{
+    const TestDir dir;
+    dir.folder("soil");
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    model.setRootPath(dir.path("soil"));
+    model.fetchMore(model.index(dir.path())); // or nobody watches the folder above
+    removeTree(dir.path("soil"));
+    dir.file("soil", 10);
+    QVERIFY(waitUntil([&] { return !model.isDir(model.index(dir.path("soil"))); }));
+
+    SignalLog log(&model);
+    model.selectAll();
+    QCOMPARE(log.count("checkedFilesKBChanged"), 0);
     QCOMPARE(model.checkedFilesKB(), quint64(0));
 }
 

@@ -26,6 +26,7 @@ private slots:
 
     void marksComeBackAfterARelisting();
     void anEntryThatItsOwnMarkDoesAwayWithIsNotSelected();
+    void selectAllGoesOnWithTheEntriesListedMeanwhile();
     void marksComeBackAfterNavigation();
     void theSelectionOutlivesAnotherRoot();
     void theSameNamesKeepTheirMarks();
@@ -261,6 +262,21 @@ void tst_DirectoryMarks::anEntryThatItsOwnMarkDoesAwayWithIsNotSelected()
     QCOMPARE(m_directory->filesCount(), 2);
     QCOMPARE(m_directory->selectedFiles(), QString());
     QCOMPARE(m_directory->selectedFilesKB(), qint64(0));
+}
+
+void tst_DirectoryMarks::selectAllGoesOnWithTheEntriesListedMeanwhile()
+{
+    m_folder->file("a.log", 3000);
+    list(m_folder->path());
+    const Reaction relisting(shownFile(m_directory, 0), SIGNAL(isSelectedChanged()), [&] {
+        m_folder->file("b.log", 3000);
+        m_directory->refresh();
+    });
+    m_directory->selectAll();
+    QCOMPARE(m_directory->filesCount(), 2);
+    QCOMPARE(markedNames(m_directory), shownNames(m_directory).mid(1));
+    QCOMPARE(m_directory->selectedFiles(), shownNames(m_directory).last());
+    QCOMPARE(m_directory->selectedFilesKB(), qint64(2));
 }
 
 QTEST_MAIN(tst_DirectoryMarks)

@@ -2,6 +2,7 @@
 #include "support/waiting.h"
 
 #include <QQuickView>
+#include <QStyleHints>
 #include <QtTest>
 
 namespace {
@@ -79,7 +80,9 @@ private slots:
     void aFingersWayArrivesAsADrag();
     void twoQuickTapsAreADoubleClick_data();
     void twoQuickTapsAreADoubleClick();
+    void twoQuickTapsApartAreTwo_data();
     void twoQuickTapsApartAreTwo();
+    void twoSlowTapsAreTwo();
     void aTapElsewhereComesBetweenTwo();
     void tapsGoOnAfterADoubleClickThatNobodyTakes();
     void aTapDoesNotMoveToTheMouse();
@@ -286,16 +289,40 @@ void tst_PointerBridge::twoQuickTapsAreADoubleClick()
     QCOMPARE(screen.item->probe()->take(), QString("press 10,10; release 10,10"));
 }
 
+void tst_PointerBridge::twoQuickTapsApartAreTwo_data()
+{
+    QTest::addColumn<QPoint>("way");
+    QTest::addColumn<QString>("second");
+
+    QTest::newRow("beside") << QPoint(40, 0) << "press 50,10; release 50,10";
+    QTest::newRow("below") << QPoint(0, 40) << "press 10,50; release 10,50";
+}
+
 void tst_PointerBridge::twoQuickTapsApartAreTwo()
 {
+    QFETCH(QPoint, way);
+    QFETCH(QString, second);
     ProbeScreen screen;
     Finger finger(&screen.view);
 
     finger.tap(spot);
-    finger.tap(spot + QPoint(40, 0));
+    finger.tap(spot + way);
+
+    QCOMPARE(screen.item->probe()->take(), "press 10,10; release 10,10; " + second);
+}
+
+void tst_PointerBridge::twoSlowTapsAreTwo()
+{
+    ProbeScreen screen;
+    Finger finger(&screen.view);
+
+    QGuiApplication::styleHints()->setMouseDoubleClickInterval(0); // nobody is as quick as that
+    finger.tap(spot);
+    finger.tap(spot);
+    QGuiApplication::styleHints()->setMouseDoubleClickInterval(-1); // the platform's again
 
     QCOMPARE(screen.item->probe()->take(),
-             QString("press 10,10; release 10,10; press 50,10; release 50,10"));
+             QString("press 10,10; release 10,10; press 10,10; release 10,10"));
 }
 
 void tst_PointerBridge::aTapElsewhereComesBetweenTwo()
