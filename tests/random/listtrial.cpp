@@ -32,7 +32,7 @@ void ListTrial::act(const Step &step)
         tried.hear(step.first, &other);
         break;
     case 4:
-        if (step.first % 8 == 0) {
+        if (step.first % 16 == 0) {
             letTimersFire();
             tried.timeHasPassed();
             other.timeHasPassed();
