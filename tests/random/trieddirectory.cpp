@@ -8,11 +8,16 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 const int mostShown = 6; // more or less: an index beyond the end is one to try
+const int deadlineSeconds = 5;
 
 QString placeOf(const Step &step)
 {
@@ -26,6 +31,14 @@ QString describe(const QString &name, qint64 size, bool isDir, bool isMarked)
 {
     return name + ' ' + QString::number(size) + (isDir ? " folder" : "") +
            (isMarked ? " marked" : "");
+}
+/** Whether a call that takes the lock comes back. One that doesn't waits on, in its thread. */
+bool isUnlocked(Directory *directory)
+{
+    const std::shared_ptr<std::promise<int>> promise = std::make_shared<std::promise<int>>();
+    std::future<int> answer = promise->get_future();
+    std::thread([=] { promise->set_value(directory->getIndex(QString())); }).detach();
+    return answer.wait_for(std::chrono::seconds(deadlineSeconds)) == std::future_status::ready;
 }
 } // namespace
 
@@ -54,10 +67,12 @@ void TriedDirectory::begin()
     m_plain.refresh();
 }
 
+// What has failed may be locked, and others wait in it: that is left alone.
 void TriedDirectory::end()
 {
     m_handler.reset();
-    delete m_directory;
+    if (complaint.empty())
+        delete m_directory;
 }
 
 void TriedDirectory::noteItems()
@@ -312,6 +327,11 @@ void TriedDirectory::copy()
 
 void TriedDirectory::compare()
 {
+    if (!isUnlocked(m_directory)) {
+        expect(false, "locked");
+        begin();
+        return;
+    }
     QStringList shown;
     for (int i = 0; i < m_directory->filesCount(); ++i) {
         const File *file = shownFile(m_directory, i);
