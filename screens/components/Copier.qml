@@ -3,7 +3,7 @@ import FileBrowser 1.0 as Fb
 import "copying.js" as Copy
 import "names.js" as Names
 
-// Copies entries in portions, with an object of its own for that. Between portions, of a quarter of a second
+// Copies entries in portions, with an object of its own for that. Between portions, of a third of a second
 // or one file, the screen is drawn and listens. What can't be copied doesn't keep the rest from it.
 Item {
     id: copier
@@ -27,7 +27,7 @@ Item {
 
     // As long as a finger on "Cancel" may wait, if no single file takes longer. A shorter time means more
     // pauses for the drawing.
-    property int portionMs: 250
+    property int portionMs: 300
 
     // Name of the file that is copied next.
     property string inHand
@@ -40,20 +40,18 @@ Item {
 
     // Takes entries as Listing.markedEntries() gives them.
     function start(entries, path) {
-        var files = entries.filter(function (entry) { return !entry.isFolder; });
-        Copy.begin(files);
-        entries.forEach(function (entry) {
-            if (entry.isFolder)
-                Copy.fail(entry, "folder");
-        });
+        Copy.begin(entries);
         destination = path;
         filesDone = 0;
-        filesTotal = files.length;
+        filesTotal = Copy.waiting.length;
         bytesDone = 0;
-        bytesTotal = bytesOf(files);
+        bytesTotal = Copy.bytesTotal;
+        inHand = "";
+        share = 0;
+        secondsLeft = -1;
         end = "";
         isRunning = true;
-        pause();
+        letDraw();
     }
 
     function stop() {
@@ -72,9 +70,9 @@ Item {
 
     // What the files need on a stick, when those that are there already are left out.
     function bytesNeeded(entries, path) {
-        return bytesOf(entries.filter(function (entry) {
-            return !entry.isFolder && !worker.exists(path + "/" + entry.name);
-        }));
+        return entries.reduce(function (sum, entry) {
+            return entry.isFolder || worker.exists(path + "/" + entry.name) ? sum : sum + entry.bytes;
+        }, 0);
     }
 
     // Why an entry was not copied; for the words see reason() in words.js.
@@ -96,29 +94,54 @@ Item {
     // A file takes whole clusters.
     property int largestCluster: 32768
 
-    function bytesOf(entries) {
-        return entries.reduce(function (sum, entry) { return sum + entry.bytes; }, 0);
-    }
-
-    // As long as drawing takes.
-    function pause() {
-        inHand = Copy.isDone() ? "" : Copy.waiting[Copy.next].name;
-        share = Copy.share();
-        secondsLeft = Copy.secondsLeft();
-        afterDrawing.interval = 12;
+    // As long as Qt Quick takes to begin with the drawing.
+    function letDraw() {
+        afterDrawing.interval = 6;
         afterDrawing.start();
     }
 
     function goOn() {
         if (!isRunning)
             return;
+        if (Copy.piece === null)
+            take();
         var problem = Copy.isDone() ? "" : obstacle();
         if (problem === "" && !Copy.isDone())
-            problem = copyPortion();
-        if (problem !== "" || Copy.isDone())
-            finish(problem);
-        else
+            problem = copyPiece();
+        if (problem === "")
             pause();
+        else
+            finish(problem);
+    }
+
+    // What comes next is looked for while nothing else could be done anyway.
+    function pause() {
+        letDraw();
+        take();
+        if (Copy.isDone()) {
+            finish("");
+            return;
+        }
+        inHand = Copy.piece.entries[0].name;
+        share = Copy.share();
+        secondsLeft = Copy.secondsLeft();
+    }
+
+    // Lists each folder once, however many portions come from it.
+    function take() {
+        Copy.take(worker.files, Names.placesIn);
+        while (Copy.isDone() && Copy.next < Copy.waiting.length) {
+            list(Copy.waiting[Copy.next].folder);
+            Copy.take(worker.files, Names.placesIn);
+        }
+    }
+
+    function list(folder) {
+        if (worker.currentPath === folder)
+            worker.refresh();
+        else
+            worker.currentPath = folder; // which does it
+        Copy.open(folder);
     }
 
     function finish(newEnd) {
@@ -138,70 +161,40 @@ Item {
         return account.refusal();
     }
 
-    function copyPortion() {
-        var piece = Copy.take();
-        open(piece.entries[0].folder);
+    function copyPiece() {
+        var piece = Copy.piece;
         var begun = Copy.now();
-        var tried = mark(piece.entries);
-        var failed = tried.length === 0 ? "" : worker.copySelectedTo(destination);
+        for (var i = 0; i < piece.places.length; ++i)
+            worker.setIsSelectedAt(piece.places[i], true);
+        var failed = worker.copySelectedTo(destination);
         // Not only 200 ms later, as the call does by itself: the next portion may be marked by then.
         worker.clearSelectedFiles();
-        if (failed !== "") {
-            var problem = obstacle();
-            if (problem !== "") {
-                Copy.putBack(piece.entries);
-                return problem;
-            }
-            tried = sortOut(tried, failed);
-        }
-        filesDone += tried.length;
-        bytesDone += bytesOf(tried);
-        Copy.taken(piece, Copy.now() - begun, portionMs);
+        var problem = failed === "" ? "" : obstacle();
+        if (problem !== "")
+            return problem;
+        filesDone += piece.entries.length;
+        bytesDone += piece.bytes;
+        if (failed !== "")
+            sortOut(piece.entries, failed);
+        Copy.finishPiece(Copy.now() - begun, portionMs);
         return "";
     }
 
-    // Lists a folder once, however many portions come from it.
-    function open(folder) {
-        if (folder === Copy.folder)
-            return;
-        if (worker.currentPath === folder)
-            worker.refresh();
-        else
-            worker.currentPath = folder; // which lists it
-        Copy.open(folder, worker.placesByName());
-    }
-
-    // Marks what is in the open folder still, and returns it.
-    function mark(entries) {
-        var places = Copy.places;
-        var found = [];
-        for (var i = 0; i < entries.length; ++i) {
-            var place = places[entries[i].name];
-            if (place === undefined) {
-                Copy.fail(entries[i], "missing");
-            } else {
-                worker.setIsSelectedAt(place, true);
-                found.push(entries[i]);
-            }
-        }
-        return found;
-    }
-
-    // Puts down what failed of a portion, and returns the rest of it.
-    function sortOut(tried, failed) {
-        var isName = {};
-        tried.forEach(function (entry) { isName[entry.name] = true; });
-        var isFailed = {};
-        Names.parted(failed, function (name) { return isName[name]; })
-             .forEach(function (name) { isFailed[name] = true; });
-        return tried.filter(function (entry) {
-            if (isFailed[entry.name])
-                Copy.fail(entry, why(entry, destination));
-            return !isFailed[entry.name];
+    // Puts down what failed of a portion.
+    function sortOut(entries, failed) {
+        var byName = {};
+        entries.forEach(function (entry) { byName["/" + entry.name] = entry; });
+        Names.parted(failed, function (name) { return byName["/" + name]; }).forEach(function (name) {
+            var entry = byName["/" + name];
+            if (!entry)
+                return;
+            Copy.fail(entry, why(entry, destination));
+            filesDone -= 1;
+            bytesDone -= entry.bytes;
         });
     }
 
-    Listing {
+    Fb.Directory {
         id: worker
     }
 

@@ -25,7 +25,7 @@ Fb.Directory {
 
     function mark(index, on) {
         updateSelectedFiles();
-        setMark(index, on);
+        setMark(files, index, on);
         tellMarks();
     }
 
@@ -34,7 +34,7 @@ Fb.Directory {
         var shown = files;
         for (var i = 0; i < shown.length; ++i) {
             if (!shown[i].isDir)
-                setMark(i, true);
+                setMark(shown, i, true);
         }
         tellMarks();
     }
@@ -53,11 +53,11 @@ Fb.Directory {
         for (var i = 0; i < entries.length; ++i) {
             if (i === 0 || entries[i].folder !== entries[i - 1].folder) {
                 currentPath = entries[i].folder;
-                places = placesByName();
+                places = Names.placesIn(files);
             }
-            var place = places[entries[i].name];
+            var place = places["/" + entries[i].name];
             if (place !== undefined)
-                setMark(place, true);
+                setMark(files, place, true);
         }
         currentPath = shownPath;
         updateSelectedFiles();
@@ -65,14 +65,14 @@ Fb.Directory {
     }
 
     // Marking an entry twice would count its size twice.
-    function setMark(index, on) {
-        var file = files[index];
+    function setMark(shown, index, on) {
+        var file = shown[index];
         if (file.isSelected === on)
             return;
         var before = selectedFilesKB;
         setIsSelectedAt(index, on);
         if (!on)
-            Marks.remove(pathOf(file.name));
+            Marks.remove(currentPath, file.name);
         else if (file.isDir)
             Marks.add(currentPath, file.name, true, 0);
         else
@@ -114,14 +114,6 @@ Fb.Directory {
     function isFolder(name) {
         var index = getIndex(name);
         return index >= 0 && files[index].isDir;
-    }
-
-    function placesByName() {
-        var shown = files;
-        var places = {};
-        for (var i = 0; i < shown.length; ++i)
-            places[shown[i].name] = i;
-        return places;
     }
 
     function pathOf(name) {

@@ -1,12 +1,12 @@
 // The copy in hand of one Copier, each import has its own: what waits, how much of it is copied at a time,
-// and what was not copied.
+// and what was not copied. For many thousands of files: each is looked at once.
 
 // What a file costs beside its bytes, in bytes; and the first portion, small whatever the stick.
 var fileCost = 65536;
 var firstPortion = 64 * fileCost;
 
 // However fast it went so far: a stick takes the first megabytes into memory, and then all at once no more.
-var largestGrowth = 16;
+var largestGrowth = 64;
 var mostBytes = 32 * 1024 * 1024;
 
 var waiting;
@@ -16,74 +16,99 @@ var portion;
 var begun;
 var workDone;
 var workWaiting;
+var bytesTotal;
 
-// The folder that is listed, and the places of the names in that list.
+// The folder that is listed, where in its list the next entry is most likely, and, once one was not there,
+// the places of all.
 var folder;
+var likely;
 var places;
 
+// What is copied next: entries, their places in the list, and the sums of their bytes and their work.
+var piece;
+
 function begin(entries) {
-    waiting = entries;
-    next = 0;
     failures = [];
+    bytesTotal = 0;
+    for (var i = 0; i < entries.length; ++i) {
+        if (entries[i].isFolder)
+            fail(entries[i], "folder");
+        bytesTotal += entries[i].bytes;
+    }
+    waiting = failures.length === 0 ? entries : entries.filter(function (entry) { return !entry.isFolder; });
+    next = 0;
     portion = firstPortion;
-    folder = "";
     begun = now();
     workDone = 0;
-    workWaiting = 0;
-    for (var i = 0; i < entries.length; ++i)
-        workWaiting += work(entries[i]);
-}
-
-function isDone() {
-    return next === waiting.length;
-}
-
-function work(entry) {
-    return entry.bytes + fileCost;
+    workWaiting = bytesTotal + waiting.length * fileCost;
+    folder = "";
+    piece = null;
 }
 
 function now() {
     return new Date().getTime();
 }
 
-// The next entries, of one folder, one at least.
-function take() {
-    var first = next;
-    var sum = 0;
-    var bytes = 0;
-    do {
-        sum += work(waiting[next]);
-        bytes += waiting[next].bytes;
-        ++next;
-    } while (next < waiting.length && waiting[next].folder === waiting[first].folder
-             && sum + work(waiting[next]) <= portion && bytes + waiting[next].bytes <= mostBytes);
-    return { entries: waiting.slice(first, next), work: sum };
+// A new folder is listed.
+function open(newFolder) {
+    folder = newFolder;
+    likely = 0;
+    places = null;
+}
+
+// Takes the next entries of the folder, one at least if there is any that its list has still.
+// "placesIn" is that of names.js, which this file can't import on Qt 4.8.
+function take(list, placesIn) {
+    piece = { entries: [], places: [], bytes: 0, work: 0 };
+    for (; next < waiting.length && waiting[next].folder === folder; ++next) {
+        var entry = waiting[next];
+        var bytes = piece.bytes + entry.bytes;
+        var work = piece.work + entry.bytes + fileCost;
+        if (piece.work > 0 && (work > portion || bytes > mostBytes))
+            return;
+        var place = placeOf(entry.name, list, placesIn);
+        if (place === undefined) {
+            fail(entry, "missing");
+            continue;
+        }
+        likely = place + 1;
+        piece.entries.push(entry);
+        piece.places.push(place);
+        piece.bytes = bytes;
+        piece.work = work;
+    }
+}
+
+// Most entries wait in the order of the list.
+function placeOf(name, list, placesIn) {
+    var file = list[likely];
+    if (file && file.name === name)
+        return likely;
+    if (places === null)
+        places = placesIn(list);
+    return places["/" + name];
+}
+
+function isDone() {
+    return piece !== null && piece.work === 0;
 }
 
 // The next portion is as much more or less than this one as that took less or more time than it should.
-function taken(piece, ms, portionMs) {
+function finishPiece(ms, portionMs) {
     portion = Math.max(fileCost, piece.work * Math.min(largestGrowth, portionMs / Math.max(1, ms)));
     workDone += piece.work;
     workWaiting -= piece.work;
+    piece = null;
 }
 
 function share() {
     return workDone / Math.max(1, workDone + workWaiting);
 }
 
-function open(newFolder, newPlaces) {
-    folder = newFolder;
-    places = newPlaces;
-}
-
 // A guess from what was done so far; -1 while that is too little to tell.
 function secondsLeft() {
     var seconds = (now() - begun) / 1000;
     return seconds < 0.5 ? -1 : workWaiting * seconds / workDone;
-}
-
-function putBack(entries) {
-    next -= entries.length;
 }
 
 function fail(entry, reason) {
@@ -96,7 +121,7 @@ function rest() {
     function path(entry) {
         return entry.folder + "/" + entry.name;
     }
-    return failures.concat(waiting.slice(next)).sort(function (a, b) {
+    return failures.concat(piece ? piece.entries : [], waiting.slice(next)).sort(function (a, b) {
         return path(a) < path(b) ? -1 : 1;
     });
 }

@@ -1,25 +1,32 @@
-// The marked entries of one Listing, each import has its own. The object itself tells their names only
-// in one text, parted by blanks that names may have too, and their sizes only as a sum.
-var byPath = {};
+// The marked entries of one Listing, each import has its own, folder by folder. The object itself tells their
+// names only in one text, parted by blanks that names may have too, and their sizes only as a sum.
+var byFolder = {};
 var files = 0;
 var folders = 0;
 var bytes = 0;
 
 function add(folder, name, isFolder, size) {
-    byPath[folder + "/" + name] = { folder: folder, name: name, isFolder: isFolder, bytes: size };
+    if (!byFolder[folder])
+        byFolder[folder] = [];
+    var marks = byFolder[folder];
+    // One text for all: there may be many thousands.
+    marks.push({ folder: marks.length > 0 ? marks[0].folder : folder, name: name, isFolder: isFolder, bytes: size });
     count(1, isFolder, size);
 }
 
-function remove(path) {
-    var entry = byPath[path];
-    if (!entry)
-        return;
-    delete byPath[path];
-    count(-1, entry.isFolder, entry.bytes);
+function remove(folder, name) {
+    var marks = byFolder[folder] || [];
+    for (var i = 0; i < marks.length; ++i) {
+        if (marks[i].name === name) {
+            count(-1, marks[i].isFolder, marks[i].bytes);
+            marks.splice(i, 1);
+            return;
+        }
+    }
 }
 
 function clear() {
-    byPath = {};
+    byFolder = {};
     files = folders = bytes = 0;
 }
 
@@ -31,28 +38,14 @@ function count(step, isFolder, size) {
     bytes += step * size;
 }
 
-// Folder by folder.
 function entries() {
-    var folders = [];
-    var inFolder = {};
-    for (var path in byPath) {
-        var entry = byPath[path];
-        if (!inFolder[entry.folder]) {
-            inFolder[entry.folder] = [];
-            folders.push(inFolder[entry.folder]);
-        }
-        inFolder[entry.folder].push(entry);
-    }
-    return Array.prototype.concat.apply([], folders);
+    var all = [];
+    for (var folder in byFolder)
+        all = all.concat(byFolder[folder]);
+    return all;
 }
 
 // As many names as can be read at a glance.
 function someNames() {
-    var names = [];
-    for (var path in byPath) {
-        names.push(byPath[path].name);
-        if (names.length === 8)
-            break;
-    }
-    return names;
+    return entries().slice(0, 8).map(function (entry) { return entry.name; });
 }

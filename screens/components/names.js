@@ -32,6 +32,15 @@ function parted(text, isName) {
     return names;
 }
 
+// The places of the entries in a list, each by "/" and its name: the name alone may be one that every object
+// knows.
+function placesIn(list) {
+    var places = {};
+    for (var i = 0; i < list.length; ++i)
+        places["/" + list[i].name] = i;
+    return places;
+}
+
 // The bytes that a size as the module writes it stands for, as in "33 KB".
 function bytesOf(size) {
     var units = ["bytes", "KB", "MB", "GB", "TB"];

@@ -1,3 +1,4 @@
+#include "support/debuglog.h"
 #include "support/screens.h"
 #include "support/stick.h"
 
@@ -66,9 +67,11 @@ private slots:
     void filesThatAreThereNeedNoSpace();
     void whatFitsIsCopiedToAFullStick();
     void nothingIsTriedOnAStickThatRefusesIt();
+    void aFileThatVanishedIsNamed_data();
     void aFileThatVanishedIsNamed();
 
     void showsHowFarItIs();
+    void eachFileIsTriedOnce();
     void stopsBetweenFilesAndKeepsTheOtherMarks();
     void aStickThatIsPulledEndsIt();
     void anAccountThatIsLostEndsIt();
@@ -244,18 +247,26 @@ void TestCopying::nothingIsTriedOnAStickThatRefusesIt()
     QCOMPARE(screens.text("summary"), QString("1 file selected, 1 byte"));
 }
 
+void TestCopying::aFileThatVanishedIsNamed_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("any name") << "a.csv";
+    QTest::newRow("a name that every object of a script knows") << "constructor";
+}
+
 void TestCopying::aFileThatVanishedIsNamed()
 {
+    QFETCH(QString, name);
     const DataFolder logs("logs");
-    logs->file("a.csv", "1");
+    logs->file(name, "1");
     logs->file("b.csv", "1");
     const Stick stick("/dev/sda1", stickPath);
     Screens screens;
     QVERIFY(screens->taps("button:Select all"));
-    QVERIFY(QFile::remove(logs->path("a.csv")));
+    QVERIFY(QFile::remove(logs->path(name)));
     QVERIFY(screens->taps("copy:A"));
     QVERIFY(screens->sees("outcomeText", "1 of 2 files copied to Field Data"));
-    QVERIFY(screens->sees("namedName", "a.csv"));
+    QVERIFY(screens->sees("namedName", name));
     QVERIFY(screens->sees("namedRemark", "No longer in its folder"));
 }
 
@@ -290,6 +301,22 @@ void TestCopying::showsHowFarItIs()
     }
     QCOMPARE(screens.text("noticeText"), QString("128 files copied to Field Data"));
     QCOMPARE(countFiles(stickPath), 128);
+}
+
+// By itself the module forgets what it has copied only a while later, and copies that again until then.
+void TestCopying::eachFileIsTriedOnce()
+{
+    const DataFolder logs("logs");
+    makeFiles(logs, 72, 1024);
+    const Stick stick("/dev/sda1", stickPath);
+    Screens screens;
+    QVERIFY(screens->taps("button:Select all"));
+    linger(screens);
+    const DebugLog log;
+    QVERIFY(screens->taps("copy:A"));
+    QVERIFY(screens->sees("noticeText", "72 files copied to Field Data"));
+    const QStringList tries = log.lines().filter("Directory::copySelectedTo()");
+    QCOMPARE(tries.size(), 72);
 }
 
 void TestCopying::stopsBetweenFilesAndKeepsTheOtherMarks()
