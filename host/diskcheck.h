@@ -5,8 +5,9 @@
 #include <QString>
 
 /**
- * Tells the screens what keeps a stick from being written to: the module only says that a copy
- * failed. The user-interface process offers it as the context property "disks".
+ * Tells the screens what the module does not: what keeps a stick from being written to, and whether
+ * a folder is empty without a lock that a Timer of Qt 4.8 could run into. The user-interface
+ * process offers it as the context property "disks".
  */
 class DiskCheck : public QObject
 {
@@ -18,6 +19,9 @@ public:
     /** Whether the file system that @p path lies on refuses every change. False for a path that
      * can't be looked at. */
     Q_INVOKABLE bool isWriteProtected(const QString &path) const;
+
+    /** Whether the folder @p path has none of the entries that lists and trees show. */
+    Q_INVOKABLE bool isEmpty(const QString &path) const;
 };
 
 #endif // DISKCHECK_H

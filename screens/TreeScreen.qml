@@ -42,7 +42,7 @@ Item {
 
     function look() {
         touchedPath = tree.absoluteFilePath;
-        isEmpty = list(tree.root).length === 0;
+        isEmpty = disks.isEmpty(tree.root);
     }
 
     function setFilter(words) {
@@ -127,15 +127,15 @@ Item {
     function named(text) {
         var known = {};
         collect(tree.root, known, 0);
-        return Names.parted(text, function (name) { return known[name] !== undefined; })
-                    .map(function (name) { return known[name] || { folder: "", name: name, bytes: 0 }; });
+        return Names.parted(text, function (name) { return known["/" + name]; })
+                    .map(function (name) { return known["/" + name] || { folder: "", name: name, bytes: 0 }; });
     }
 
     // Puts what lies below a folder into "known", by name. Links may lead round in circles.
     function collect(folder, known, depth) {
         var subfolders = [];
         list(folder).forEach(function (entry) {
-            known[entry.name] = entry;
+            known["/" + entry.name] = entry; // the name alone may be one that every object knows
             if (entry.isFolder)
                 subfolders.push(folder + "/" + entry.name);
         });
@@ -168,6 +168,14 @@ Item {
     // Looks into folders, and answers whether there is a file or folder at a path.
     Fb.Directory {
         id: disk
+    }
+
+    // Files come and go by themselves. The tree shows that; whether it shows nothing it does not tell.
+    Timer {
+        interval: 1000
+        repeat: true
+        running: screen.visible
+        onTriggered: screen.isEmpty = disks.isEmpty(tree.root)
     }
 
     // A date as the tree writes it, in its font.

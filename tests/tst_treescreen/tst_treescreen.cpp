@@ -71,6 +71,7 @@ private slots:
     void aTouchedFolderOpensInPlace();
     void eachTabShowsItsFolder();
     void anEmptyFolderSaysSo();
+    void anEmptyFolderNoticesWhatComesAndGoesByItself();
     void onlyATouchedEntryCanBeChanged();
     void wordsFilterUntilThereAreNone();
 
@@ -286,6 +287,17 @@ void TestTreeScreen::anEmptyFolderSaysSo()
     QVERIFY(screens->types("note"));
     QVERIFY(screens->taps("nameOk"));
     QVERIFY(screens->misses("treeEmptyText"));
+}
+
+void TestTreeScreen::anEmptyFolderNoticesWhatComesAndGoesByItself()
+{
+    const DataFolder logs("logs");
+    TreeScreen screens;
+    QVERIFY(screens->sees("treeEmptyText", "This folder is empty"));
+    logs->file("a.csv");
+    QVERIFY(screens->misses("treeEmptyText"));
+    QVERIFY(QFile::remove(logs->path("a.csv")));
+    QVERIFY(screens->sees("treeEmptyText"));
 }
 
 void TestTreeScreen::onlyATouchedEntryCanBeChanged()
