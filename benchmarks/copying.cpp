@@ -1,7 +1,12 @@
-// Copying to another folder, beside the command that one would type, and beside QFile::copy alone.
+// Copying to another folder, beside the command that one would type, and beside QFile::copy alone;
+// and in portions, as the list screen does it with a bar and a way to stop, beside one call.
 
 #include "common/privilegedropguard.h"
 #include "directory/directory.h"
+#include "host/finger.h"
+#include "host/shownitems.h"
+#include "host/viewer.h"
+#include "host/visitor.h"
 #include "support/measure.h"
 #include "support/program.h"
 
@@ -9,6 +14,8 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
+#include <QProcess>
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,6 +33,7 @@ extern char **environ;
 
 namespace {
 const QLatin1String target("/home/ostan/target");
+const QLatin1String stick("/media/Stick A");
 
 void need(bool done, const char *what)
 {
@@ -41,17 +49,19 @@ class CopyJob
 public:
     CopyJob(const char *name, int files, qint64 bytes);
 
-    void emptyTarget() const;
+    void emptyTarget(const QString &folder = target) const;
     void selectAll();
-    void copyWithPlugin();
+    void copyWithPlugin(const QString &folder = target);
 
     /** As the account, like the plugin; with the plugin's debug line or without. */
     void copyWithQFile(bool writesLines) const;
 
     void copyWithCommand() const;
 
+    int count() const;
+
     /** What is wrong with the copies; with their times only if they are said to be kept. */
-    QString mistake(bool keepsTimes) const;
+    QString mistake(bool keepsTimes, const QString &folder = target) const;
 
 private:
     const QString m_source;
@@ -80,14 +90,16 @@ CopyJob::CopyJob(const char *name, int files, qint64 bytes)
         need(utimensat(AT_FDCWD, path.constData(), times, 0) == 0, path.constData());
     }
     m_directory.setCurrentPath(m_source);
+    m_directory.refresh(); // it may be there already, and then nothing was listed
 }
 
-void CopyJob::emptyTarget() const
+void CopyJob::emptyTarget(const QString &folder) const
 {
-    QDir().mkpath(target);
-    need(chmod(target.latin1(), 0777) == 0, target.latin1());
+    QDir().mkpath(folder);
+    const QByteArray path = QFile::encodeName(folder);
+    need(chmod(path.constData(), 0777) == 0, path.constData());
     for (const QString &name : m_names)
-        unlink(QFile::encodeName(target + QLatin1Char('/') + name).constData());
+        unlink(QFile::encodeName(folder + QLatin1Char('/') + name).constData());
 }
 
 void CopyJob::selectAll()
@@ -96,9 +108,9 @@ void CopyJob::selectAll()
     m_directory.selectAll();
 }
 
-void CopyJob::copyWithPlugin()
+void CopyJob::copyWithPlugin(const QString &folder)
 {
-    m_failed = m_directory.copySelectedTo(target);
+    m_failed = m_directory.copySelectedTo(folder);
 }
 
 void CopyJob::copyWithQFile(bool writesLines) const
@@ -128,13 +140,18 @@ void CopyJob::copyWithCommand() const
     need(waitpid(child, &status, 0) == child && status == 0, "cp");
 }
 
-QString CopyJob::mistake(bool keepsTimes) const
+int CopyJob::count() const
+{
+    return m_names.size();
+}
+
+QString CopyJob::mistake(bool keepsTimes, const QString &folder) const
 {
     if (!m_failed.isEmpty())
         return QLatin1String("says that some were not copied");
     for (const QString &name : m_names) {
         QFile original(m_source + QLatin1Char('/') + name);
-        QFile copy(target + QLatin1Char('/') + name);
+        QFile copy(folder + QLatin1Char('/') + name);
         if (!original.open(QIODevice::ReadOnly) || !copy.open(QIODevice::ReadOnly))
             return QLatin1String("leaves a file out");
         if (copy.size() != original.size())
@@ -150,6 +167,77 @@ QString CopyJob::mistake(bool keepsTimes) const
             return QLatin1String("makes files with other times");
     }
     return QString();
+}
+
+/** The list screen, which shows the logs, and somebody who touches it. */
+class ListScreen
+{
+public:
+    ListScreen()
+        : m_folder(QApplication::applicationDirPath() + QLatin1String("/.."))
+        , m_viewer(m_folder + QLatin1String("/imports"))
+        , m_visitor(m_viewer)
+        , m_finger(m_viewer)
+    {
+        Viewer::chooseLocale(QLocale::c(), m_folder + QLatin1String("/screens/translations"));
+        const QString problem = m_viewer.load(m_folder + QLatin1String("/screens/Main.qml"));
+        need(problem.isEmpty(), qPrintable(problem));
+        m_viewer.show();
+    }
+
+    void selectAll(int files)
+    {
+        need(!shown("noticeOk").object || m_visitor.taps("noticeOk"), "noticeOk");
+        need(m_visitor.taps("button:Clear") && m_visitor.sees("summary", "Nothing"), "Clear");
+        need(m_visitor.taps("button:Select all"), "Select all");
+        need(m_visitor.sees("summary", QString::number(files)) && m_visitor.sees("copy:A"),
+             "copy:A");
+        m_copy = shown("copy:A").place.center().toPoint();
+    }
+
+    /** From the touch on "Copy" to the words that say how many were copied. */
+    void copy()
+    {
+        m_finger.tap(m_copy);
+        while (!shown("noticeText").object && !shown("outcomeText").object)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+
+private:
+    ShownItem shown(const char *name) const
+    {
+        return shownItem(m_viewer, QLatin1String(name));
+    }
+
+    const QString m_folder;
+    Viewer m_viewer;
+    Visitor m_visitor;
+    Finger m_finger;
+    QPoint m_copy;
+};
+
+void addPortions(const std::string &task, const std::shared_ptr<CopyJob> &job)
+{
+    const auto empty = [job] { job->emptyTarget(stick); };
+    const Step oneCall = {empty, [job] {
+                              job->selectAll();
+                              job->copyWithPlugin(stick);
+                          }};
+    const auto screen = std::make_shared<std::unique_ptr<ListScreen>>();
+    const Step portions = {[=] {
+                               empty();
+                               (*screen)->selectAll(job->count());
+                           },
+                           [screen] { (*screen)->copy(); }};
+    const auto mistake = [job] { return job->mistake(true, stick); };
+    addBenchmark(task, "reference: one call", 0, aThird,
+                 [=](benchmark::State &state) { measure(state, oneCall, oneCall, mistake); });
+    addBenchmark(task, "in portions, as the list screen does", 1.1, allRounds,
+                 [=](benchmark::State &state) {
+                     screen->reset(new ListScreen);
+                     measure(state, oneCall, portions, mistake);
+                     screen->reset();
+                 });
 }
 
 void add(const std::string &task, double goal, const std::shared_ptr<CopyJob> &job)
@@ -183,5 +271,11 @@ int main(int argc, char **argv)
     add("copy 1 file of 1 GiB", 1.05, std::make_shared<CopyJob>("big", 1, 1 << 30));
     add("copy 1,000 files of 8 KiB", 1, std::make_shared<CopyJob>("small", 1000, 8192));
     add("copy 20,000 empty files", 1, std::make_shared<CopyJob>("empty", 20000, 0));
+    need(QProcess::execute("stick", QStringList() << "plug"
+                                                  << "A"
+                                                  << "256M") == 0,
+         "stick");
+    addPortions("copy 10,000 files of 2 KiB to a stick",
+                std::make_shared<CopyJob>("logs", 10000, 2048));
     return runBenchmarks(argc, argv);
 }

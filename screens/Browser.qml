@@ -99,7 +99,7 @@ Item {
 
     function copyTo(path) {
         if (screen === list)
-            copier.start(list.listing.markedEntries(), path);
+            copier.start(list.listing, path);
         else
             copyingAtOnce.start(qsTr("Copying %1 to %2 ...").arg(Words.size(tree.bytesToCopy)).arg(stickName(path)));
     }

@@ -3,7 +3,7 @@ import FileBrowser 1.0 as Fb
 import "copying.js" as Copy
 import "names.js" as Names
 
-// Copies entries in portions, with an object of its own for that. Between portions, of a third of a second
+// Copies entries in portions, with an object of its own for that. Between portions, of less than half a second
 // or one file, the screen is drawn and listens. What can't be copied doesn't keep the rest from it.
 Item {
     id: copier
@@ -27,7 +27,7 @@ Item {
 
     // As long as a finger on "Cancel" may wait, if no single file takes longer. A shorter time means more
     // pauses for the drawing.
-    property int portionMs: 300
+    property int portionMs: 400
 
     // Name of the file that is copied next.
     property string inHand
@@ -38,14 +38,14 @@ Item {
 
     signal finished
 
-    // Takes entries as Listing.markedEntries() gives them.
-    function start(entries, path) {
-        Copy.begin(entries);
+    // Copies what is marked in a Listing.
+    function start(listing, path) {
+        Copy.begin(listing.markedEntries(), listing.markedBytes, listing.markedFolders > 0);
         destination = path;
         filesDone = 0;
-        filesTotal = Copy.waiting.length;
+        filesTotal = listing.markedFiles;
         bytesDone = 0;
-        bytesTotal = Copy.bytesTotal;
+        bytesTotal = listing.markedBytes;
         inHand = "";
         share = 0;
         secondsLeft = -1;
@@ -122,7 +122,7 @@ Item {
             finish("");
             return;
         }
-        inHand = Copy.piece.entries[0].name;
+        inHand = Copy.waiting[Copy.piece.first].name;
         share = Copy.share();
         secondsLeft = Copy.secondsLeft();
     }
@@ -172,10 +172,10 @@ Item {
         var problem = failed === "" ? "" : obstacle();
         if (problem !== "")
             return problem;
-        filesDone += piece.entries.length;
+        filesDone += piece.places.length;
         bytesDone += piece.bytes;
         if (failed !== "")
-            sortOut(piece.entries, failed);
+            sortOut(Copy.inHand(), failed);
         Copy.finishPiece(Copy.now() - begun, portionMs);
         return "";
     }

@@ -16,7 +16,6 @@ var portion;
 var begun;
 var workDone;
 var workWaiting;
-var bytesTotal;
 
 // The folder that is listed, where in its list the next entry is most likely, and, once one was not there,
 // the places of all.
@@ -24,23 +23,25 @@ var folder;
 var likely;
 var places;
 
-// What is copied next: entries, their places in the list, and the sums of their bytes and their work.
+// What is copied next: from which entry on, up to "next", the places in the list, and the sums of bytes and
+// work.
 var piece;
 
-function begin(entries) {
-    failures = [];
-    bytesTotal = 0;
-    for (var i = 0; i < entries.length; ++i) {
-        if (entries[i].isFolder)
-            fail(entries[i], "folder");
-        bytesTotal += entries[i].bytes;
-    }
-    waiting = failures.length === 0 ? entries : entries.filter(function (entry) { return !entry.isFolder; });
+function begin(entries, bytes, hasFolders) {
+    waiting = entries;
     next = 0;
+    failures = [];
+    if (hasFolders) {
+        waiting = entries.filter(function (entry) { return !entry.isFolder; });
+        entries.forEach(function (entry) {
+            if (entry.isFolder)
+                fail(entry, "folder");
+        });
+    }
     portion = firstPortion;
     begun = now();
     workDone = 0;
-    workWaiting = bytesTotal + waiting.length * fileCost;
+    workWaiting = bytes + waiting.length * fileCost;
     folder = "";
     piece = null;
 }
@@ -59,8 +60,8 @@ function open(newFolder) {
 // Takes the next entries of the folder, one at least if there is any that its list has still.
 // "placesIn" is that of names.js, which this file can't import on Qt 4.8.
 function take(list, placesIn) {
-    piece = { entries: [], places: [], bytes: 0, work: 0 };
-    for (; next < waiting.length && waiting[next].folder === folder; ++next) {
+    piece = { first: next, places: [], bytes: 0, work: 0 };
+    while (next < waiting.length && waiting[next].folder === folder) {
         var entry = waiting[next];
         var bytes = piece.bytes + entry.bytes;
         var work = piece.work + entry.bytes + fileCost;
@@ -69,13 +70,14 @@ function take(list, placesIn) {
         var place = placeOf(entry.name, list, placesIn);
         if (place === undefined) {
             fail(entry, "missing");
+            waiting.splice(next, 1);
             continue;
         }
         likely = place + 1;
-        piece.entries.push(entry);
         piece.places.push(place);
         piece.bytes = bytes;
         piece.work = work;
+        ++next;
     }
 }
 
@@ -87,6 +89,11 @@ function placeOf(name, list, placesIn) {
     if (places === null)
         places = placesIn(list);
     return places["/" + name];
+}
+
+// The entries of the piece.
+function inHand() {
+    return waiting.slice(piece.first, next);
 }
 
 function isDone() {
@@ -121,7 +128,7 @@ function rest() {
     function path(entry) {
         return entry.folder + "/" + entry.name;
     }
-    return failures.concat(piece ? piece.entries : [], waiting.slice(next)).sort(function (a, b) {
+    return failures.concat(waiting.slice(piece ? piece.first : next)).sort(function (a, b) {
         return path(a) < path(b) ? -1 : 1;
     });
 }
