@@ -2,10 +2,32 @@
 
 #include "random/disorder.h"
 
+namespace {
+/** Something in each folder, so that there is what to mark from the first step on. */
+void furnish(const TestDir &dir, const QStringList &folders)
+{
+    for (const QString &folder : folders) {
+        dir.folder(folder);
+        for (int i = 0; i < 4; ++i)
+            meddle(dir.path(folder), nameOf(i), 300 * i + folder.size());
+    }
+}
+} // namespace
+
 ListTrial::ListTrial()
-    : m_one(&m_items)
+    : m_logs("/home/ostan/logs")
+    , m_configs("/home/ostan/configs")
+    , m_scripts("/home/ostan/autoprogs")
+    , m_copies(destination)
+    , m_one(&m_items)
     , m_two(&m_items)
 {
+    furnish(m_logs, QStringList() << "."
+                                  << "sub"
+                                  << "deep"
+                                  << "deep/sub");
+    furnish(m_configs, QStringList("."));
+    furnish(m_scripts, QStringList("."));
 }
 
 ListTrial::~ListTrial()

@@ -3,6 +3,7 @@
 
 #include "random/steps.h"
 #include "random/trieddirectory.h"
+#include "support/testdir.h"
 
 #include <QList>
 #include <QPointer>
@@ -21,6 +22,10 @@ public:
     std::string complaint;
 
 private:
+    const TestDir m_logs;
+    const TestDir m_configs;
+    const TestDir m_scripts;
+    const TestDir m_copies;
     QList<QPointer<QObject>> m_items; // every one that either ever had
     TriedDirectory m_one;
     TriedDirectory m_two;

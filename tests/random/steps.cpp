@@ -41,11 +41,16 @@ bool holdsFor(int steps, int actions, const Property &property)
     const rc::Gen<Step> step = rc::gen::noShrink(rc::gen::construct<Step>(
         rc::gen::inRange(0, actions), rc::gen::inRange(0, range), rc::gen::inRange(0, range)));
     const rc::Gen<std::vector<Step>> sequence = rc::gen::container<std::vector<Step>>(step);
+    bool isFound = false;
     const TestResult result = checkTestable(
         [&] {
             const std::string complaint = property(*sequence);
-            if (!complaint.empty())
-                RC_FAIL(complaint);
+            if (complaint.empty())
+                return;
+            if (!isFound)
+                std::cerr << complaint << "; looking for the shortest way there" << std::endl;
+            isFound = true;
+            RC_FAIL(complaint);
         },
         TestMetadata(), params);
     printResultMessage(result, std::cerr);
