@@ -32,7 +32,7 @@ QString describe(const QString &name, qint64 size, bool isDir, bool isMarked)
     return name + ' ' + QString::number(size) + (isDir ? " folder" : "") +
            (isMarked ? " marked" : "");
 }
-/** Whether a call that takes the lock comes back. One that doesn't waits on, in its thread. */
+/** Whether a call that takes the lock comes back. One that doesn't waits for ever, in its thread. */
 bool isUnlocked(Directory *directory)
 {
     const std::shared_ptr<std::promise<int>> promise = std::make_shared<std::promise<int>>();
@@ -67,12 +67,10 @@ void TriedDirectory::begin()
     m_plain.refresh();
 }
 
-// What has failed may be locked, and others wait in it: that is left alone.
 void TriedDirectory::end()
 {
     m_handler.reset();
-    if (complaint.empty())
-        delete m_directory;
+    delete m_directory;
 }
 
 void TriedDirectory::noteItems()

@@ -24,7 +24,7 @@
 namespace {
 const qint64 mostGrowth = qint64(256) * 1024; // what Qt keeps for later, however many the steps
 
-/** What the process holds of the system: descriptors, and folders that are watched. */
+/** What the process holds of the system: descriptors, entries that are watched, threads. */
 QString holdings()
 {
     int descriptors = 0;
@@ -36,7 +36,11 @@ QString holdings()
         if (file.open(QIODevice::ReadOnly))
             watches += file.readAll().count("inotify wd:");
     }
-    return QString("%1 descriptors, %2 watches").arg(descriptors).arg(watches);
+    const int threads = QDir("/proc/self/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    return QString("%1 descriptors, %2 watches, %3 threads")
+        .arg(descriptors)
+        .arg(watches)
+        .arg(threads);
 }
 
 qint64 bytesInUse()
