@@ -113,6 +113,8 @@ QString TriedTree::viewRoot() const
 
 void TriedTree::act(const Step &step)
 {
+    // Since the last look rows may have gone and come again, and the view has looked at those.
+    compareChecks();
     const bool operates = step.first % operationsApart == 0;
     const QString name = nameOf(step.second);
     switch (step.action) {
