@@ -1,6 +1,7 @@
 // The operations of a Directory.
 
 #include "faults/operation.h"
+#include "faults/simplefilesystem.h"
 #include "faults/world.h"
 
 #include "common/datafolders.h"
@@ -134,6 +135,16 @@ protected:
 
 private:
     QString m_failed;
+};
+
+class CopySelectedSimply : public CopySelected
+{
+public:
+    void prepare() override
+    {
+        CopySelected::prepare();
+        makeFileSystemsSimple();
+    }
 };
 
 class NewFile : public ListOperation
@@ -330,6 +341,8 @@ std::unique_ptr<Operation> makeListOperation(const QString &name)
     Operation *operation = nullptr;
     if (name == "copySelectedTo")
         operation = new CopySelected;
+    else if (name == "copySelectedTo a simple file system")
+        operation = new CopySelectedSimply;
     else if (name == "newFile")
         operation = new NewFile;
     else if (name == "newFile of a name in use")

@@ -3,7 +3,8 @@
 // operations in tests/faults; this program finds the calls and makes them fail, both with strace.
 //
 // That is a matter of minutes. Unless FILEBROWSER_FAULTS is "all" - scripts/faults sets it - only
-// the last call of each kind that changes something fails or kills, with one error.
+// calls that matter fail, with one error each: the first of a kind in every folder, where others
+// that must go on come after it, and the last of the kind, which kills, too.
 
 #include <QFile>
 #include <QHash>
@@ -34,10 +35,11 @@ const char *const ofMemory[] = {"brk", "mmap", "mmap2", "mremap", "mprotect", "m
 
 // For the sample: they change something, or what they tell decides what is changed.
 const char *const mattering[] = {
-    "access",     "faccessat",       "faccessat2", "openat", "open",      "write",     "sendfile",
-    "sendfile64", "copy_file_range", "close",      "rename", "renameat2", "link",      "unlink",
-    "mkdir",      "rmdir",           "fchmod",     "chmod",  "ftruncate", "utime",     "utimensat",
-    "setresuid",  "setresuid32",     "umount2",    "umount", "statfs",    "getdents64"};
+    "access",   "faccessat",  "faccessat2",      "openat",     "open",       "write",
+    "sendfile", "sendfile64", "copy_file_range", "close",      "rename",     "renameat2",
+    "link",     "linkat",     "unlink",          "mkdir",      "rmdir",      "fchmod",
+    "chmod",    "ftruncate",  "fdatasync",       "utime",      "utimensat",  "setresuid",
+    "umount",   "umount2",    "statfs",          "getdents64", "setresuid32"};
 
 template <size_t count>
 bool isAmong(const char *const (&names)[count], const QString &name)
@@ -60,17 +62,17 @@ QStringList errorsOf(const QString &call)
               "faccessat", "faccessat2", "readlink", "inotify_add_watch", "statfs", "statfs64"})
             errors.insert(name, ofPaths);
         for (const char *name :
-             {"mkdir", "rmdir", "unlink", "link", "symlink", "rename", "renameat", "renameat2",
-              "chmod", "utime", "utimensat", "ftruncate", "fchmod", "creat"})
-            errors.insert(name, ofPaths + " ENOSPC EROFS");
+             {"mkdir", "rmdir", "unlink", "link", "linkat", "symlink", "rename", "renameat",
+              "renameat2", "chmod", "utime", "utimensat", "ftruncate", "fchmod", "creat"})
+            errors.insert(name, ofPaths + " ENOSPC EDQUOT EROFS");
         for (const char *name : {"open", "openat"})
-            errors.insert(name, ofPaths + " ENOSPC EROFS EMFILE EINTR");
+            errors.insert(name, ofPaths + " ENOSPC EDQUOT EROFS EMFILE EINTR");
         for (const char *name : {"read", "pread64", "readv", "getdents64", "getdents"})
             errors.insert(name, "EIO EINTR ENOMEM");
         for (const char *name : {"write", "writev", "sendfile", "sendfile64", "copy_file_range"})
-            errors.insert(name, "ENOSPC EIO EINTR EFBIG");
-        for (const char *name : {"close", "fsync"})
-            errors.insert(name, "EIO ENOSPC EINTR");
+            errors.insert(name, "ENOSPC EIO EINTR EFBIG EDQUOT");
+        for (const char *name : {"close", "fsync", "fdatasync"})
+            errors.insert(name, "EIO ENOSPC EDQUOT EINTR");
         for (const char *name : {"setresuid", "setresuid32", "setreuid"})
             errors.insert(name, "EAGAIN EPERM ENOMEM");
         for (const char *name : {"umount", "umount2"})
@@ -97,12 +99,20 @@ QString callOf(const QString &line)
     return name;
 }
 
+/** Folder of the path that the line of a trace names; empty for a call that is given a descriptor.
+ */
+QString folderIn(const QString &line)
+{
+    return line.section('"', 1, 1).section('/', 0, -2);
+}
+
 struct Call
 {
     QString name;
+    QString folder;
     int number;   ///< among those of its name, as the tracer counts
-    bool isFirst; ///< of its name between the marks
-    bool isLast;
+    bool isFirst; ///< of its name and folder between the marks
+    bool isLast;  ///< of its name
 };
 
 /** The calls between the marks of @p trace. */
@@ -122,12 +132,13 @@ QList<Call> callsBetweenMarks(const QStringList &trace)
         }
         if (!isBetween || isAmong(ofThreads, name))
             continue;
+        const QString folder = folderIn(line);
         bool isFirst = true;
         for (Call &earlier : calls) {
-            isFirst = isFirst && earlier.name != name;
+            isFirst = isFirst && (earlier.name != name || earlier.folder != folder);
             earlier.isLast = earlier.isLast && earlier.name != name;
         }
-        const Call call = {name, number, isFirst, true};
+        const Call call = {name, folder, number, isFirst, true};
         calls.append(call);
     }
     return calls;
@@ -290,9 +301,10 @@ void tst_Faults::initTestCase()
 void tst_Faults::everyCallFailsOnce_data()
 {
     QTest::addColumn<QString>("operation");
-    for (const char *name : {"copySelectedTo", "copyCheckedFilesTo", "newFile",
-                             "newFile of a name in use", "newDirectory", "renameFile", "deleteFile",
-                             "setRoot", "listing", "relisting", "find", "eject"})
+    for (const char *name :
+         {"copySelectedTo", "copySelectedTo a simple file system", "copyCheckedFilesTo", "newFile",
+          "newFile of a name in use", "newDirectory", "renameFile", "deleteFile", "setRoot",
+          "listing", "relisting", "find", "eject"})
         QTest::newRow(name) << name;
 }
 
