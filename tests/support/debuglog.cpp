@@ -4,6 +4,8 @@
 
 namespace {
 QStringList written;
+QString awaited;
+std::function<void()> awaiting;
 
 QString withoutTrailingBlank(QString line)
 {
@@ -12,17 +14,27 @@ QString withoutTrailingBlank(QString line)
     return line;
 }
 
+void take(const QString &line)
+{
+    written.append(withoutTrailingBlank(line));
+    if (!awaiting || !line.startsWith(awaited))
+        return;
+    std::function<void()> action;
+    action.swap(awaiting);
+    action();
+}
+
 #if QT_VERSION < 0x050000
 void takeLine(QtMsgType type, const char *line)
 {
     if (type == QtDebugMsg)
-        written.append(withoutTrailingBlank(QString::fromLocal8Bit(line)));
+        take(QString::fromLocal8Bit(line));
 }
 #else
 void takeLine(QtMsgType type, const QMessageLogContext &, const QString &line)
 {
     if (type == QtDebugMsg)
-        written.append(withoutTrailingBlank(line));
+        take(line);
 }
 #endif
 } // namespace
@@ -30,6 +42,7 @@ void takeLine(QtMsgType type, const QMessageLogContext &, const QString &line)
 DebugLog::DebugLog()
 {
     written.clear();
+    awaiting = nullptr;
 #if QT_VERSION < 0x050000
     qInstallMsgHandler(takeLine);
 #else
@@ -49,6 +62,12 @@ DebugLog::~DebugLog()
 QStringList DebugLog::lines() const
 {
     return written;
+}
+
+void DebugLog::atLine(const QString &start, const std::function<void()> &action)
+{
+    awaited = start;
+    awaiting = action;
 }
 
 QStringList DebugLog::take()

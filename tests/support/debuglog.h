@@ -3,6 +3,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 /** Takes the lines that are written at debug level while it lives, and drops Qt's own warnings. One
  * at a time. */
 class DebugLog
@@ -14,6 +16,9 @@ public:
     /** Lines written so far, in order, without the blank that the stream may leave at their ends.
      */
     QStringList lines() const;
+
+    /** Calls @p action in the middle of what writes a line that starts with @p start, once. */
+    void atLine(const QString &start, const std::function<void()> &action);
 
     /** The lines so far, and starts again from nothing. */
     QStringList take();

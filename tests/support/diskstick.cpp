@@ -15,6 +15,7 @@
 #include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
@@ -90,8 +91,12 @@ QString mountOptions(DiskStick::Format format, DiskStick::Owner owner, DiskStick
 void mountByProgram(const QByteArray &program, const QByteArray &device,
                     const QByteArray &mountPoint, QString options)
 {
-    if (program.endsWith("fusefat"))
+    if (program.endsWith("fusefat")) {
         options += QLatin1String(",fsname=") + QString::fromLatin1(device);
+        // Writes single pages unless told, as all do that are made with this library.
+        if (outputOf("ldd", QStringList(QString::fromLatin1(program))).contains("libfuse.so.2"))
+            options += QLatin1String(",big_writes");
+    }
     outputOf(program.constData(), QStringList() << QLatin1String("-o") << options
                                                 << QString::fromLatin1(device)
                                                 << QString::fromUtf8(mountPoint));
@@ -183,6 +188,14 @@ bool DiskStick::isMounted() const
     struct stat above;
     return stat(m_mountPoint.constData(), &here) == 0 &&
            stat((m_mountPoint + "/..").constData(), &above) == 0 && here.st_dev != above.st_dev;
+}
+
+qint64 DiskStick::freeKilobytes() const
+{
+    struct statvfs figures;
+    return statvfs(m_mountPoint.constData(), &figures) == 0
+               ? qint64(figures.f_bavail * figures.f_bsize / 1024)
+               : -1;
 }
 
 void DiskStick::cut() const

@@ -53,6 +53,9 @@ public:
     /** Whether something is mounted there still. */
     bool isMounted() const;
 
+    /** What a user without special rights can still write to it. Calls of the system only. */
+    qint64 freeKilobytes() const;
+
     /** Cuts the disk off: from now on there is nothing on it, and nothing can be written. What is
      * mounted stays. Calls of the system only, for use after a fork(). */
     void cut() const;
