@@ -71,12 +71,16 @@ Item {
         return Names.oneLine(Names.lastPart(path));
     }
 
+    function askForMarks() {
+        notice.complain(qsTr("Nothing is selected."), qsTr("Mark what is to be copied first."));
+    }
+
     // Says before the copy what would come out of it, where that is known.
     function askWhetherToCopy(path) {
         var free = sticks.freeBytes(path);
         var needed = bytesNeeded(path, free);
         if (!screen.canCopy)
-            notice.complain(qsTr("Nothing is selected."), qsTr("Mark what is to be copied first."));
+            askForMarks();
         else if (free < 0)
             notice.complain(qsTr("Nothing was copied to %1.").arg(stickName(path)), Words.reason("gone"));
         else if (disks.isWriteProtected(path))
@@ -107,10 +111,13 @@ Item {
     function copyTreeTo(path) {
         var result = tree.copyTo(path);
         var files = result.failed.filter(function (entry) { return !entry.isFolder; });
-        tellCopied(path, result.copied, result.copied + files.length, "",
-                   result.failed.map(function (entry) {
-                       return { name: entry.name, reason: copier.why(entry, path) };
-                   }));
+        if (result.copied + result.failed.length === 0)
+            askForMarks();
+        else
+            tellCopied(path, result.copied, result.copied + files.length, "",
+                       result.failed.map(function (entry) {
+                           return { name: entry.name, reason: copier.why(entry, path) };
+                       }));
     }
 
     function tellEndOfCopy() {

@@ -49,7 +49,7 @@ Rectangle {
 
         Button {
             objectName: "button:Try again"
-            width: 180
+            width: 260
             text: qsTr("Try again")
             kind: "main"
             onClicked: refused.retried()

@@ -14,7 +14,9 @@ Item {
     property int tab: 0
     property bool canRename: touchedPath !== ""
     property bool canDelete: touchedPath !== ""
-    property bool canCopy: tree.checkedFilesKB > 0 || !tree.isSelectable
+
+    // Of checked files the tree tells the bytes alone: none may be empty files too.
+    property bool canCopy: true
 
     // Bytes, whatever the name says. How many files they are the tree does not tell.
     property real bytesToCopy: tree.checkedFilesKB

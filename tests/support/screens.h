@@ -116,6 +116,12 @@ public:
         return m_visitor.property(name, "text").toString();
     }
 
+    /** Where the upper edge of the item @p name is in the window. */
+    qreal top(const QString &name) const
+    {
+        return shownItem(m_viewer, name).place.top();
+    }
+
     /** What the item @p name looks like now, with what lies on top of it. */
     QImage picture(const QString &name)
     {

@@ -61,6 +61,7 @@ private slots:
     void asksForASelectionFirst();
     void tellsApartWhyEachWasNotCopied();
     void namesWithBlanksAreToldApart();
+    void namesAreListedFromTheFirstOneOn();
     void marksInOtherFoldersAreCopiedToo();
 
     void spaceIsComparedBefore();
@@ -157,6 +158,31 @@ void TestCopying::namesWithBlanksAreToldApart()
                                                << "c  d ";
     QCOMPARE(screens.namedOnce(expected), expected);
     QCOMPARE(QFileInfo(stick.path("b")).size(), qint64(1));
+}
+
+// Also after those of another copy were scrolled.
+void TestCopying::namesAreListedFromTheFirstOneOn()
+{
+    const DataFolder logs("logs");
+    const Stick stick("/dev/sda1", stickPath);
+    makeFiles(logs, 20, 1);
+    for (int i = 0; i < 20; ++i) {
+        put(stick.path(numbered(i)), "");
+    }
+    Screens screens;
+    QVERIFY(screens->taps("heading:Name"));
+    QVERIFY(screens->sees("row:" + numbered(0)));
+    QVERIFY(screens->taps("button:Select all"));
+    for (int copy = 0; copy < 2; ++copy) {
+        QVERIFY(screens->taps("copy:A"));
+        QVERIFY(screens->sees("outcomeText", "0 of 20 files copied to Field Data"));
+        QVERIFY(
+            waitUntil([&] { return screens.top("named:" + numbered(0)) == screens.top("names"); }));
+        QVERIFY(screens->drags("names", QPoint(0, -100)));
+        QVERIFY(waitUntil(
+            [&] { return screens.top("named:" + numbered(3)) < screens.top("names") + 100; }));
+        QVERIFY(screens->taps("outcomeOk"));
+    }
 }
 
 void TestCopying::marksInOtherFoldersAreCopiedToo()
@@ -303,7 +329,8 @@ void TestCopying::showsHowFarItIs()
     QCOMPARE(countFiles(stickPath), 128);
 }
 
-// By itself the module forgets what it has copied only a while later, and copies that again until then.
+// By itself the module forgets what it has copied only a while later, and copies that again until
+// then.
 void TestCopying::eachFileIsTriedOnce()
 {
     const DataFolder logs("logs");

@@ -79,6 +79,7 @@ private slots:
     void everythingIsCheckedAndUnchecked();
     void checkedFilesAreCopiedToAStick();
     void checkedFilesThatAreGoneFailNothing();
+    void anEmptyFileIsCopiedToo();
     void nothingIsCopiedToAStickThatRefusesIt();
     void namesOneByOneWhatWasNotCopied();
     void aStickThatIsTooSmallIsSaidBefore();
@@ -220,6 +221,23 @@ void TestTreeScreen::checkedFilesThatAreGoneFailNothing()
     QVERIFY(screens->taps("copy:B"));
     QVERIFY(screens->sees("noticeText", "1 file copied to Field Data"));
     QVERIFY(QFileInfo(stick.path("c.csv")).exists());
+}
+
+// The tree tells how many bytes are checked, and not whether anything is.
+void TestTreeScreen::anEmptyFileIsCopiedToo()
+{
+    const DataFolder logs("logs");
+    logs->file("a.csv", "");
+    const Stick stick("/dev/sda1", "/media/Field Data");
+    TreeScreen screens;
+    QVERIFY(screens.touches(0, logs->path("a.csv")));
+    QVERIFY(screens->taps("copy:A"));
+    QVERIFY(screens->sees("noticeText", "Nothing is selected."));
+    QVERIFY(screens->taps("noticeOk"));
+    screens.touchBox(0);
+    QVERIFY(screens->taps("copy:A"));
+    QVERIFY(screens->sees("noticeText", "1 file copied to Field Data"));
+    QVERIFY(QFileInfo(stick.path("a.csv")).exists());
 }
 
 void TestTreeScreen::nothingIsCopiedToAStickThatRefusesIt()
