@@ -15,6 +15,9 @@ EntryCache::EntryCache(const QFileSystemModel *model)
 {
     connect(model, SIGNAL(dataChanged(QModelIndex, QModelIndex)), this,
             SLOT(clearUnlessNamesOnly(QModelIndex, QModelIndex)));
+    connect(model, SIGNAL(fileRenamed(QString, QString, QString)), this, SLOT(clear()));
+    // Qt 4.8 calls a link what it leads to, and tells of another such name by nothing else.
+    connect(model, SIGNAL(directoryLoaded(QString)), this, SLOT(clear()));
     connect(model, SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(clear()));
     connect(model, SIGNAL(layoutChanged()), this, SLOT(clear()));
 }
@@ -22,6 +25,14 @@ EntryCache::EntryCache(const QFileSystemModel *model)
 bool EntryCache::isDir(const QModelIndex &index)
 {
     return entry(index).isDir;
+}
+
+QString EntryCache::name(const QModelIndex &index)
+{
+    Entry &known = entry(index);
+    if (known.name.isNull())
+        known.name = m_model->fileName(index);
+    return known.name;
 }
 
 qint64 EntryCache::modified(const QModelIndex &index)
@@ -52,10 +63,14 @@ EntryCache::Entry &EntryCache::entry(const QModelIndex &index)
     if (row >= m_entries.count())
         m_entries.resize(qMax(row + 1, m_model->rowCount(index.parent())));
     Entry &known = m_entries[row];
-    if (known.pointer != index.internalPointer()) {
-        known = Entry();
-        known.pointer = index.internalPointer();
-        known.isDir = m_model->isDir(index);
-    }
+    if (known.pointer != index.internalPointer())
+        lookAt(index, &known);
     return known;
+}
+
+void EntryCache::lookAt(const QModelIndex &index, Entry *entry) const
+{
+    *entry = Entry();
+    entry->pointer = index.internalPointer();
+    entry->isDir = m_model->isDir(index);
 }

@@ -45,6 +45,7 @@ FileSystemModel::FileSystemModel(QObject *parent)
     , m_dateTimeFormat(QLatin1String("dd MMM yyyy hh:mm AP"))
     , m_checkedBytes(0)
     , m_isSelectable(false)
+    , m_wasEdited(false)
     , m_entryCache(this)
     , m_font(QFont(QLatin1String(fontFamily), fontPoints, QFont::Normal, false))
     , m_taggedFont(QFont(QLatin1String(fontFamily), fontPoints, QFont::DemiBold, true))
@@ -104,11 +105,13 @@ QVariant FileSystemModel::data(const QModelIndex &index, int role) const
 
 bool FileSystemModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (role != Qt::CheckStateRole)
+    if (role != Qt::CheckStateRole) {
+        m_wasEdited = true;
         return QFileSystemModel::setData(index, value, role);
+    }
 
     const bool checked = value == QVariant(int(Qt::Checked));
-    const qint64 size = sizeOnDisk(filePath(index));
+    const qint64 size = sizeOnDisk(pathOnDisk(index));
     const bool wasChecked = m_checked.contains(index);
     qDebug() << (checked ? "Add Size " : "Remove Size ") << index.data(Qt::DisplayRole).toString()
              << "=" << size;
@@ -226,6 +229,13 @@ void FileSystemModel::recursiveCheck(const QModelIndex &index, const QVariant &v
     }
     for (int row = 0; row < rowCount(index); ++row)
         setData(this->index(row, nameColumn, index), value, Qt::CheckStateRole);
+}
+
+QString FileSystemModel::pathOnDisk(const QModelIndex &index) const
+{
+    // Put together folder by folder, a path costs more than all else that checking an entry takes.
+    // In an entry's info it stands, but as it was before a folder above was renamed by editing.
+    return m_wasEdited ? filePath(index) : fileInfo(index).filePath();
 }
 
 bool FileSystemModel::isTagged(const QModelIndex &index) const

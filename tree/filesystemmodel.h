@@ -130,6 +130,7 @@ private slots:
     void recursiveCheck(const QModelIndex &index, const QVariant &value);
 
 private:
+    QString pathOnDisk(const QModelIndex &index) const;
     bool isTagged(const QModelIndex &index) const;
     Qt::CheckState checkState(const QModelIndex &index) const;
 
@@ -138,6 +139,7 @@ private:
     QString m_taggedPath;
     quint64 m_checkedBytes;
     bool m_isSelectable;
+    bool m_wasEdited;
 
     mutable EntryCache m_entryCache;
 

@@ -4,6 +4,7 @@
 
 namespace {
 // Columns of QFileSystemModel.
+const int nameColumn = 0;
 const int sizeColumn = 1;
 const int dateColumn = 3;
 } // namespace
@@ -43,11 +44,17 @@ bool FileSystemProxyModel::lessThan(const QModelIndex &left, const QModelIndex &
         return (leftIsDir == m_dirsFirst) == ascending;
     }
     switch (sortColumn()) {
+    case nameColumn:
+        // What the base class would do, without wrapping each name in a variant.
+        if (sortRole() == Qt::DisplayRole && !isSortLocaleAware())
+            return entries.name(left).compare(entries.name(right), sortCaseSensitivity()) < 0;
+        break;
     case dateColumn:
         return entries.modified(left) < entries.modified(right);
     case sizeColumn:
         return model->size(left) < model->size(right);
     default:
-        return QSortFilterProxyModel::lessThan(left, right);
+        break;
     }
+    return QSortFilterProxyModel::lessThan(left, right);
 }

@@ -64,6 +64,8 @@ class tst_Checking : public QObject
 private slots:
     void withoutCheckBoxesThereIsNoCheckState();
     void checkingAFolderTellsEveryRowLowestFirst();
+    void aLinkCountsWhatItLeadsTo();
+    void whatIsBelowAnEditedFolderKeepsItsSize();
     void debugLinesNameTheEntryAndItsSize();
     void anythingButCheckedUnchecks_data();
     void anythingButCheckedUnchecks();
@@ -132,6 +134,41 @@ void tst_Checking::checkingAFolderTellsEveryRowLowestFirst()
     QCOMPARE(log.names(), expected);
     QCOMPARE(changed.paths, rows << dir.path("soil"));
     QCOMPARE(model.checkedFilesKB(), quint64(120 + QFileInfo(dir.path("soil")).size()));
+}
+
+void tst_Checking::aLinkCountsWhatItLeadsTo()
+{
+    const TestDir elsewhere;
+    elsewhere.file("a.csv", 5000);
+    const TestDir dir;
+    QVERIFY(QFile::link(elsewhere.path("a.csv"), dir.path("file")));
+    QVERIFY(QFile::link(elsewhere.path(), dir.path("folder")));
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    check(model, dir.path("file"));
+    QCOMPARE(model.checkedFilesKB(), quint64(5000));
+    elsewhere.file("a.csv", 300);
+    check(model, dir.path("file"), Qt::Unchecked);
+    QCOMPARE(model.checkedFilesKB(), quint64(4700));
+    check(model, dir.path("folder"));
+    QCOMPARE(model.checkedFilesKB(), quint64(4700 + QFileInfo(elsewhere.path()).size()));
+}
+
+void tst_Checking::whatIsBelowAnEditedFolderKeepsItsSize()
+{
+    const TestDir dir;
+    dir.folder("soil/2013");
+    dir.file("soil/2013/a.csv", 5000);
+    FileSystemModel model;
+    QVERIFY(load(model, dir.path()));
+    QVERIFY(load(model, dir.path("soil")));
+    QVERIFY(load(model, dir.path("soil/2013")));
+    const QModelIndex file = model.index(dir.path("soil/2013/a.csv"));
+    model.setReadOnly(false);
+    QVERIFY(model.setData(model.index(dir.path("soil")), "flux"));
+    QCOMPARE(model.filePath(file), dir.path("flux/2013/a.csv"));
+    model.setData(file, Qt::Checked, Qt::CheckStateRole);
+    QCOMPARE(model.checkedFilesKB(), quint64(5000));
 }
 
 void tst_Checking::debugLinesNameTheEntryAndItsSize()

@@ -110,6 +110,8 @@ private slots:
     void foldersStayTogetherInBothOrders_data();
     void foldersStayTogetherInBothOrders();
     void namesCompareUpperCaseFirst();
+    void namesCompareAsTheProxyIsTold();
+    void anEditedNameIsComparedAtOnce();
     void typesCompareByTheirText();
     void sizesCompareAsNumbers();
     void foldersCompareByTheSizeTheModelReports();
@@ -232,6 +234,46 @@ void tst_FileSystemProxyModel::namesCompareUpperCaseFirst()
                                                       << "a10.csv"
                                                       << "a9.csv"
                                                       << "b.csv");
+}
+
+void tst_FileSystemProxyModel::namesCompareAsTheProxyIsTold()
+{
+    const TestDir dir;
+    dir.file("a", 30);
+    dir.file("B", 20);
+    dir.file("c", 10);
+    SortedFolder folder(dir.path());
+    QCOMPARE(folder.sorted(nameColumn).join(" "), QString("B a c"));
+    folder.proxy.setSortCaseSensitivity(Qt::CaseInsensitive);
+    QCOMPARE(folder.names().join(" "), QString("a B c"));
+    folder.proxy.setSortRole(FileSystemModel::SizeRole);
+    QCOMPARE(folder.names().join(" "), QString("c B a"));
+
+    QSortFilterProxyModel plain;
+    plain.setSourceModel(&folder.model);
+    for (QSortFilterProxyModel *proxy :
+         {static_cast<QSortFilterProxyModel *>(&folder.proxy), &plain}) {
+        proxy->setSortRole(Qt::DisplayRole);
+        proxy->setSortCaseSensitivity(Qt::CaseSensitive);
+        proxy->setSortLocaleAware(true);
+        proxy->sort(nameColumn);
+    }
+    QCOMPARE(folder.names(), rows(plain, plain.mapFromSource(folder.model.index(dir.path()))));
+}
+
+void tst_FileSystemProxyModel::anEditedNameIsComparedAtOnce()
+{
+    const TestDir dir;
+    dir.file("a");
+    dir.file("b");
+    dir.file("c");
+    SortedFolder folder(dir.path());
+    folder.model.setReadOnly(false);
+    QCOMPARE(folder.sorted(nameColumn).join(" "), QString("a b c"));
+    QVERIFY(folder.model.setData(folder.model.index(dir.path("a")), "d"));
+    // Before the model has got round to sorting its own rows.
+    folder.proxy.invalidate();
+    QCOMPARE(folder.names().join(" "), QString("b c d"));
 }
 
 void tst_FileSystemProxyModel::typesCompareByTheirText()
