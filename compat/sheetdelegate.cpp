@@ -37,18 +37,33 @@ public:
 
 void SheetDelegate::install(QAbstractItemView *view)
 {
-    if (view->itemDelegate()->metaObject() == &QStyledItemDelegate::staticMetaObject) {
-        view->setItemDelegate(new SheetDelegate(view));
+    if (view->itemDelegate()->metaObject() != &QStyledItemDelegate::staticMetaObject) {
+        return;
+    }
+    view->setItemDelegate(new SheetDelegate(view));
+    for (int column = 0; view->model() && column < view->model()->columnCount(); ++column) {
+        const QStyledItemDelegate *writer =
+            qobject_cast<QStyledItemDelegate *>(view->itemDelegateForColumn(column));
+        if (writer) {
+            view->setItemDelegateForColumn(column, new SheetDelegate(view, writer));
+        }
     }
 }
 
-SheetDelegate::SheetDelegate(QAbstractItemView *view)
+SheetDelegate::SheetDelegate(QAbstractItemView *view, const QStyledItemDelegate *writer)
     : QStyledItemDelegate(view)
     , m_cellStyle(new CellStyle)
+    , m_writer(writer)
 {
 }
 
 SheetDelegate::~SheetDelegate() = default;
+
+QString SheetDelegate::displayText(const QVariant &value, const QLocale &locale) const
+{
+    return m_writer ? m_writer->displayText(value, locale)
+                    : QStyledItemDelegate::displayText(value, locale);
+}
 
 void SheetDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const

@@ -4,6 +4,7 @@
 #include "common/privilegedropguard.h"
 #include "tree/filesystemmodel.h"
 #include "tree/filesystemproxymodel.h"
+#include "tree/namedelegate.h"
 #include "tree/treestyle.h"
 
 #include <QDebug>
@@ -66,6 +67,7 @@ void FileTreeViewerItem::setUpView()
     m_treeView->setRootIsDecorated(m_showRoot);
     m_treeView->setItemsExpandable(m_showRoot);
     m_treeView->setModel(m_proxyModel);
+    m_treeView->setItemDelegateForColumn(nameColumn, new NameDelegate(m_treeView));
     m_treeView->setColumnWidth(nameColumn, nameWidth);
     m_treeView->setColumnHidden(typeColumn, true);
     m_treeView->setColumnWidth(dateColumn, dateWidth);
