@@ -5,7 +5,7 @@
 
 void FolderListing::read(const QString &path, QDir::SortFlags flags)
 {
-    QVector<FolderEntry> entries = readFolder(path);
+    QVector<FolderEntry> entries = readFolder(path, namesAsRead());
     const QByteArray zone = WallClock::zone(); // the order by time is that on the wall
     if (flags == m_flags && zone == m_zone && isWhatWasSorted(entries))
         return;
@@ -18,6 +18,15 @@ void FolderListing::read(const QString &path, QDir::SortFlags flags)
 const QVector<FolderEntry> &FolderListing::entries() const
 {
     return m_entries;
+}
+
+QVector<const QString *> FolderListing::namesAsRead() const
+{
+    QVector<const QString *> names;
+    names.reserve(m_places.size());
+    for (int place : m_places)
+        names.append(&m_entries.at(place).name);
+    return names;
 }
 
 bool FolderListing::isWhatWasSorted(const QVector<FolderEntry> &unsorted) const

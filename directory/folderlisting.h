@@ -22,6 +22,7 @@ public:
     const QVector<FolderEntry> &entries() const;
 
 private:
+    QVector<const QString *> namesAsRead() const;
     bool isWhatWasSorted(const QVector<FolderEntry> &unsorted) const;
 
     QVector<FolderEntry> m_entries;

@@ -30,9 +30,25 @@ bool isAscii(const char *name)
     return true;
 }
 
-/** @p name as a string, which may be empty. @return whether QDir of this Qt lists such a name */
-bool decode(const char *name, QString *result)
+/** Whether @p name is @p known, and no letter in it beyond ASCII. */
+bool isAscii(const char *name, const QString &known)
 {
+    for (int i = 0; i < known.size(); ++i) {
+        const ushort letter = known.at(i).unicode();
+        if (letter != static_cast<uchar>(name[i]) || letter > 0x7f)
+            return false;
+    }
+    return name[known.size()] == 0;
+}
+
+/** @p name as a string, which may be empty; that of @p known if there is one and it is the same.
+ * @return whether QDir of this Qt lists such a name */
+bool decode(const char *name, const QString *known, QString *result)
+{
+    if (known && isAscii(name, *known)) {
+        *result = *known;
+        return true;
+    }
     if (isAscii(name)) { // most are, and a codec takes ten times as long
         *result = QLatin1String(name);
         return true;
@@ -82,7 +98,7 @@ bool operator==(const FolderEntry &left, const FolderEntry &right)
            left.isDir == right.isDir && left.name == right.name;
 }
 
-QVector<FolderEntry> readFolder(const QString &path)
+QVector<FolderEntry> readFolder(const QString &path, const QVector<const QString *> &known)
 {
     QVector<FolderEntry> entries;
     const std::unique_ptr<DIR, CloseFolder> folder(opendir(QFile::encodeName(path).constData()));
@@ -95,7 +111,8 @@ QVector<FolderEntry> readFolder(const QString &path)
             continue;
         entries.resize(entries.size() + 1); // filled in place, a copy would be counted in and out
         FolderEntry &entry = entries.last();
-        if (!decode(next->d_name, &entry.name) || !lookAt(descriptor, *next, &entry))
+        const QString *const knownName = known.value(entries.size() - 1);
+        if (!decode(next->d_name, knownName, &entry.name) || !lookAt(descriptor, *next, &entry))
             entries.resize(entries.size() - 1);
     }
     return entries;

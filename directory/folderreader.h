@@ -26,8 +26,11 @@ bool operator==(const FolderEntry &left, const FolderEntry &right);
  * One system call per entry and no file information objects: a folder is read in about the time
  * that readdir and fstatat take, where QDir::entryInfoList takes up to a hundred times as long.
  *
+ * @param known the names that were read before, in that order; one that is still the same is shared
+ * and not made anew
  * @return the entries; none when the folder can't be opened
  */
-QVector<FolderEntry> readFolder(const QString &path);
+QVector<FolderEntry> readFolder(const QString &path,
+                                const QVector<const QString *> &known = QVector<const QString *>());
 
 #endif // FOLDERREADER_H

@@ -96,6 +96,9 @@ private slots:
     void namesThatTheEncodingLacksAreReadAsQDirDoes();
     void anEntryThatCannotBeLookedIntoIsListedWithoutSizeAndTime();
     void everythingIsReadInTheFoldersOrder();
+    void aKnownNameIsShared();
+    void anotherNameThanTheKnownIsReadAsItIs_data();
+    void anotherNameThanTheKnownIsReadAsItIs();
 };
 
 void tst_FolderReader::anEmptyFolderHasNoEntries()
@@ -252,6 +255,46 @@ void tst_FolderReader::everythingIsReadInTheFoldersOrder()
     const QStringList names = namesReadFrom(dir.path());
     QCOMPARE(names.size(), 1000);
     QCOMPARE(names, namesQDirReadsFrom(dir.path()));
+}
+
+void tst_FolderReader::aKnownNameIsShared()
+{
+    const TestDir dir;
+    dir.file("a.csv");
+    const QString known = "a.csv";
+    const QVector<FolderEntry> entries =
+        readFolder(dir.path(), QVector<const QString *>(1, &known));
+    QCOMPARE(entries.size(), 1);
+    QCOMPARE(entries.first().name.constData(), known.constData());
+}
+
+void tst_FolderReader::anotherNameThanTheKnownIsReadAsItIs_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("known");
+    QTest::newRow("nothing") << "a.csv" << QString();
+    QTest::newRow("its beginning") << "a.csv"
+                                   << "a.cs";
+    QTest::newRow("more than it") << "a.csv"
+                                  << "a.csv2";
+    QTest::newRow("another end") << "a.csv"
+                                 << "a.csw";
+    QTest::newRow("a letter with the same low byte") << "a.csv" << QString("a.cs") + QChar(0x0176);
+    const QByteArray umlauts = "w\303\244rme";
+    QTest::newRow("its bytes as Latin-1")
+        << QString::fromUtf8(umlauts) << QString::fromLatin1(umlauts);
+}
+
+void tst_FolderReader::anotherNameThanTheKnownIsReadAsItIs()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, known);
+    const TestDir dir;
+    dir.file(name);
+    const QVector<FolderEntry> entries =
+        readFolder(dir.path(), QVector<const QString *>(1, &known));
+    QCOMPARE(entries.size(), 1);
+    QCOMPARE(entries.first().name, name);
 }
 
 QTEST_MAIN(tst_FolderReader)
