@@ -1,7 +1,9 @@
-// What a listed entry holds in memory, in the format of Google Benchmark's results.
+// What a listed entry and a row of the tree hold in memory, in the format of Google Benchmark's
+// results.
 
 #include "support/bigfolder.h"
 #include "support/listers.h"
+#include "support/trees.h"
 
 #include <QApplication>
 
@@ -12,6 +14,8 @@
 
 namespace {
 const int count = 10000;
+const char entryGoal[] = ", \"goal\": 1";
+const char rowGoal[] = ", \"goal\": 1.1";
 
 qint64 bytesInUse()
 {
@@ -33,12 +37,61 @@ double bytesPerEntry(std::unique_ptr<Lister> (*make)(), const BigFolder &folder)
     return static_cast<double>(bytesInUse() - before) / count;
 }
 
-void print(const char *contender, double bytes, double reference, const char *goal)
+/** What is done with a tree before its memory is looked at. */
+enum Use { opened, checked, openedWithBoxes };
+
+template <typename Type>
+void use(Type *tree, Use use)
 {
-    printf("{\"name\": \"memory per listed entry|%s\", \"run_type\": \"iteration\", "
+    if (use == openedWithBoxes)
+        tree->openAndFetch(count, count / 100);
+    else
+        tree->open(count);
+    if (use == checked)
+        tree->checkAll();
+}
+
+/** Bytes per row that a tree holds more than before it was used on @p folder. */
+template <typename Type>
+double bytesPerRow(Use how, const BigFolder &folder)
+{
+    std::unique_ptr<Type> tree(new Type(folder.path()));
+    use(tree.get(), how);
+    tree.reset(new Type(folder.path()));
+    const qint64 before = bytesInUse();
+    use(tree.get(), how);
+    return static_cast<double>(bytesInUse() - before) / count;
+}
+
+void print(const char *task, const char *contender, double bytes, double reference,
+           const char *limit)
+{
+    static const char *separator = "";
+    printf("%s{\"name\": \"%s|%s\", \"run_type\": \"iteration\", "
            "\"time_unit\": \"bytes\", \"real_time\": %.1f, \"reference\": %.1f, "
            "\"reference_scale\": 1%s}",
-           contender, bytes, reference, goal);
+           separator, task, contender, bytes, reference, limit);
+    separator = ",\n";
+}
+
+void printEntries(const BigFolder &folder)
+{
+    const char task[] = "memory per listed entry";
+    const double ours = bytesPerEntry(makeDirectoryLister, folder);
+    const double reference = bytesPerEntry(makeFolderListModelLister, folder);
+    print(task, "reference: Qt.labs.folderlistmodel", reference, reference, "");
+    print(task, "this plugin", ours, reference, entryGoal);
+    print(task, "QDir::entryInfoList", bytesPerEntry(makeQDirLister, folder), reference, "");
+    print(task, "QFileSystemModel", bytesPerEntry(makeFileSystemModelLister, folder), reference,
+          "");
+}
+
+void printRows(const char *task, Use how, const BigFolder &folder)
+{
+    const double ours = bytesPerRow<OurTree>(how, folder);
+    const double reference = bytesPerRow<PlainTree>(how, folder);
+    print(task, "reference: Qt's models", reference, reference, "");
+    print(task, "this plugin", ours, reference, rowGoal);
 }
 } // namespace
 
@@ -46,17 +99,10 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const BigFolder folder(count);
-    const double ours = bytesPerEntry(makeDirectoryLister, folder);
-    const double reference = bytesPerEntry(makeFolderListModelLister, folder);
-    const double qdir = bytesPerEntry(makeQDirLister, folder);
-    const double model = bytesPerEntry(makeFileSystemModelLister, folder);
     printf("{\"benchmarks\": [\n");
-    print("reference: Qt.labs.folderlistmodel", reference, reference, "");
-    printf(",\n");
-    print("this plugin", ours, reference, ", \"goal\": 1");
-    printf(",\n");
-    print("QDir::entryInfoList", qdir, reference, "");
-    printf(",\n");
-    print("QFileSystemModel", model, reference, "");
+    printEntries(folder);
+    printRows("memory per row of the tree", opened, folder);
+    printRows("memory per row of the tree, all checked", checked, folder);
+    printRows("memory per row of the tree, with what is below", openedWithBoxes, folder);
     printf("\n]}\n");
 }

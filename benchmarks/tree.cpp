@@ -1,19 +1,12 @@
 // The tree's models in a tree view, beside the plain models of Qt in the same view.
 
-#include "tree/filesystemmodel.h"
-#include "tree/filesystemproxymodel.h"
-
 #include "support/bigfolder.h"
 #include "support/measure.h"
 #include "support/program.h"
+#include "support/trees.h"
 
 #include <QApplication>
-#include <QDebug>
 #include <QFile>
-#include <QHeaderView>
-#include <QSet>
-#include <QSortFilterProxyModel>
-#include <QTreeView>
 
 #include <algorithm>
 #include <memory>
@@ -21,139 +14,9 @@
 namespace {
 const int count = 10000;
 const double goal = 1.1;
-const int nameColumn = 0;
 const int sizeColumn = 1;
 const int dateColumn = 3;
 const QLatin1String folderPrefix("site_");
-
-/** Qt's model with the fewest lines that make its rows checkable, the debug line among them. */
-class PlainCheckableModel : public QFileSystemModel
-{
-public:
-    Qt::ItemFlags flags(const QModelIndex &index) const override
-    {
-        return QFileSystemModel::flags(index) | Qt::ItemIsUserCheckable;
-    }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        if (role == Qt::CheckStateRole && index.column() == nameColumn && m_shown)
-            return int(m_checked.contains(index) ? Qt::Checked : Qt::Unchecked);
-        return QFileSystemModel::data(index, role);
-    }
-
-    bool setData(const QModelIndex &index, const QVariant &value, int role) override
-    {
-        if (role != Qt::CheckStateRole)
-            return QFileSystemModel::setData(index, value, role);
-        qDebug() << "Add Size " << fileName(index) << "=" << size(index);
-        m_checked.insert(index);
-        emit dataChanged(index, index);
-        return true;
-    }
-
-    void checkAll()
-    {
-        m_shown = true;
-        const QModelIndex folder = index(rootPath());
-        for (int row = 0; row < rowCount(folder); ++row)
-            setData(index(row, nameColumn, folder), Qt::Checked, Qt::CheckStateRole);
-    }
-
-private:
-    QSet<QPersistentModelIndex> m_checked;
-    bool m_shown = false;
-};
-
-class CheckableModel : public FileSystemModel
-{
-public:
-    void checkAll()
-    {
-        setIsSelectable(true);
-        selectAll();
-    }
-};
-
-/** A model, a proxy and a view of the size of the instrument's screen. */
-template <typename Model, typename Proxy>
-class Tree
-{
-public:
-    explicit Tree(const QString &folder)
-        : m_path(folder)
-        , m_view(new QTreeView)
-    {
-        m_model.setNameFilterDisables(false);
-        m_proxy.setSourceModel(&m_model);
-        m_proxy.setDynamicSortFilter(true);
-        m_view->setUniformRowHeights(true);
-        m_view->setModel(&m_proxy);
-        m_view->setSortingEnabled(true);
-        m_view->sortByColumn(nameColumn, Qt::AscendingOrder);
-        m_view->resize(800, 480);
-        m_view->show();
-    }
-
-    void open(int rows)
-    {
-        m_model.setRootPath(m_path);
-        m_view->setRootIndex(m_proxy.mapFromSource(m_model.index(m_path)));
-        waitForRows(rows);
-    }
-
-    void waitForRows(int rows)
-    {
-        while (m_proxy.rowCount(m_view->rootIndex()) != rows)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        m_view->viewport()->repaint();
-    }
-
-    void sort(int column)
-    {
-        m_view->sortByColumn(column, Qt::AscendingOrder);
-        m_view->viewport()->repaint();
-    }
-
-    void filter(const QStringList &patterns, int rows)
-    {
-        m_model.setNameFilters(patterns);
-        waitForRows(rows);
-    }
-
-    void checkAll()
-    {
-        m_model.checkAll();
-        m_view->viewport()->repaint();
-    }
-
-    QStringList names() const
-    {
-        QStringList names;
-        for (int row = 0; row < m_proxy.rowCount(m_view->rootIndex()); ++row)
-            names.append(m_proxy.index(row, 0, m_view->rootIndex()).data().toString());
-        return names;
-    }
-
-    int checked() const
-    {
-        int number = 0;
-        for (int row = 0; row < m_proxy.rowCount(m_view->rootIndex()); ++row) {
-            const QModelIndex index = m_proxy.index(row, 0, m_view->rootIndex());
-            number += index.data(Qt::CheckStateRole).toInt() == Qt::Checked ? 1 : 0;
-        }
-        return number;
-    }
-
-private:
-    const QString m_path;
-    Model m_model;
-    Proxy m_proxy;
-    const std::unique_ptr<QTreeView> m_view; // goes before the models that it shows
-};
-
-typedef Tree<PlainCheckableModel, QSortFilterProxyModel> PlainTree;
-typedef Tree<CheckableModel, FileSystemProxyModel> OurTree;
 
 /** What both trees of a task have to do; they are made anew, loaded, when it has changed them. */
 class Trees
@@ -198,6 +61,12 @@ private:
                     tree->reset(new Type(m_folder.path()));
                 },
                 [=] { (*tree)->open(count); }};
+    }
+
+    template <typename Type>
+    Step openingAll(std::unique_ptr<Type> *tree)
+    {
+        return {opening(tree).prepare, [=] { (*tree)->openAndFetch(count, count / 100); }};
     }
 
     template <typename Type>
@@ -275,6 +144,8 @@ void Trees::addBenchmarks()
 {
     const QDir::SortFlags byName = QDir::Name;
     add("tree: open 10,000", opening(&m_plain), opening(&m_ours),
+        [=] { return unlessShown(byName); });
+    add("tree: open 10,000, fetch what is below", openingAll(&m_plain), openingAll(&m_ours),
         [=] { return unlessShown(byName); });
     add("tree: sort 10,000 by name", sorting(&m_plain, nameColumn), sorting(&m_ours, nameColumn),
         [=] { return unlessShown(byName); });
