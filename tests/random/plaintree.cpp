@@ -4,7 +4,8 @@
 #include <QFileInfo>
 
 PlainTree::PlainTree()
-    : folder(QDir::currentPath())
+    : moves(0)
+    , folder(QDir::currentPath())
     , isFilterOn(false)
     , opensFolders(false)
     , showsRoot(true)
@@ -25,6 +26,7 @@ void PlainTree::setCurrentPath(const QString &path)
     if (!QDir(path).exists())
         return;
     viewRoot = path;
+    ++moves;
     setFolder(path);
     setFile(QString());
     row = QString();

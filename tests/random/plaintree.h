@@ -27,6 +27,7 @@ public:
 
     QString root;
     QString viewRoot; ///< the folder whose rows the view has at its top
+    int moves;        ///< how often that was set
     QString folder;
     QString file;
     QString selectedFile;

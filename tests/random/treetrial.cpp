@@ -20,6 +20,7 @@ const TestDir &furnished(const TestDir &dir)
 
 TreeTrial::TreeTrial()
     : m_dir("/home/ostan/random")
+    , m_aside(m_dir.path() + "-aside")
     , m_copies(destination)
     , m_one(furnished(m_dir).path(), [this](const QString &path) { return mayGo(path); })
     , m_two(m_dir.path(), [this](const QString &path) { return mayGo(path); })

@@ -22,6 +22,7 @@ private:
     void changeDisk(const Step &step);
 
     const TestDir m_dir;
+    const TestDir m_aside;
     const TestDir m_copies;
     TriedTree m_one;
     TriedTree m_two;

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
 #include <chrono>
 #include <future>
@@ -32,7 +33,7 @@ QString describe(const QString &name, qint64 size, bool isDir, bool isMarked)
     return name + ' ' + QString::number(size) + (isDir ? " folder" : "") +
            (isMarked ? " marked" : "");
 }
-/** Whether a call that takes the lock comes back. One that doesn't waits for ever, in its thread. */
+/** Whether a call that takes the lock comes back. One that does not stays in its thread. */
 bool isUnlocked(Directory *directory)
 {
     const std::shared_ptr<std::promise<int>> promise = std::make_shared<std::promise<int>>();
@@ -327,6 +328,8 @@ void TriedDirectory::compare()
 {
     if (!isUnlocked(m_directory)) {
         expect(false, "locked");
+        m_directory->moveToThread(new QThread); // where nothing fires that would wait for ever, too
+        m_directory = nullptr;
         begin();
         return;
     }

@@ -51,6 +51,7 @@ private:
     QFileSystemModel *model() const;
     QStringList loaded(const QString &folder) const;
     QStringList onDisk(const QString &folder) const;
+    void letBeRead();
     void reopen(const QModelIndex &folder);
     QString rowPath(int number) const;
 
@@ -75,7 +76,7 @@ private:
     const std::function<bool(const QString &)> m_mayGo;
     QPointer<FileTreeViewerItem> m_item;
     PlainTree m_plain;
-    QString m_reopened; // the root of the view that was last looked at
+    int m_movesSeen;
     std::unique_ptr<PlainChecks> m_checks;
     bool m_isDying;
     std::unique_ptr<Reaction> m_handler;

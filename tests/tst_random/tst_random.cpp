@@ -2,7 +2,8 @@
 // so.
 //
 // ./test does some thousand steps, ./test --long a hundred thousand. A failure prints the shortest
-// sequence of steps that fails, and RC_PARAMS="reproduce=..." with the printed text does it again.
+// sequence of steps that fails, as {action, first number, second number}; RC_PARAMS=seed=... with
+// the printed seed makes up the same sequences again.
 
 #include "directory/directory.h"
 
