@@ -46,7 +46,7 @@ Item {
         filesTotal = listing.markedFiles;
         bytesDone = 0;
         bytesTotal = listing.markedBytes;
-        inHand = "";
+        inHand = Copy.waiting.length > 0 ? Copy.waiting[0].name : "";
         share = 0;
         secondsLeft = -1;
         end = "";

@@ -49,15 +49,17 @@ Fb.Directory {
     function markOnly(entries) {
         unmarkAll();
         var shownPath = currentPath;
-        var places = {};
+        var shown;
+        var places;
         for (var i = 0; i < entries.length; ++i) {
             if (i === 0 || entries[i].folder !== entries[i - 1].folder) {
                 currentPath = entries[i].folder;
-                places = Names.placesIn(files);
+                shown = files;
+                places = Names.placesIn(shown);
             }
             var place = places["/" + entries[i].name];
             if (place !== undefined)
-                setMark(files, place, true);
+                setMark(shown, place, true);
         }
         currentPath = shownPath;
         updateSelectedFiles();

@@ -123,12 +123,16 @@ function fail(entry, reason) {
                     reason: reason });
 }
 
-// What was not copied, whyever, by path.
+// What was not copied, whyever, folder by folder.
 function rest() {
-    function path(entry) {
-        return entry.folder + "/" + entry.name;
-    }
-    return failures.concat(waiting.slice(piece ? piece.first : next)).sort(function (a, b) {
-        return path(a) < path(b) ? -1 : 1;
+    var byFolder = {};
+    failures.concat(waiting.slice(piece ? piece.first : next)).forEach(function (entry) {
+        if (!byFolder[entry.folder])
+            byFolder[entry.folder] = [];
+        byFolder[entry.folder].push(entry);
     });
+    var all = [];
+    for (var folder in byFolder)
+        all = all.concat(byFolder[folder]);
+    return all;
 }
