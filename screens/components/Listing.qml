@@ -48,6 +48,8 @@ Fb.Directory {
     // Marks these entries and no others. Their folders are listed for that, and then the present one again.
     function markOnly(entries) {
         unmarkAll();
+        if (entries.length === 0)
+            return;
         var shownPath = currentPath;
         var shown;
         var places;
