@@ -34,6 +34,7 @@ extern char **environ;
 namespace {
 const QLatin1String target("/home/ostan/target");
 const QLatin1String stick("/media/Stick A");
+const int restMs = 300;
 
 void need(bool done, const char *what)
 {
@@ -218,15 +219,19 @@ private:
 
 void addPortions(const std::string &task, const std::shared_ptr<CopyJob> &job)
 {
-    const auto empty = [job] { job->emptyTarget(stick); };
-    const Step oneCall = {empty, [job] {
+    // What a finger starts begins after a rest, when the caches hold other things.
+    const auto prepare = [job] {
+        job->emptyTarget(stick);
+        Visitor::rests(restMs);
+    };
+    const Step oneCall = {prepare, [job] {
                               job->selectAll();
                               job->copyWithPlugin(stick);
                           }};
     const auto screen = std::make_shared<std::unique_ptr<ListScreen>>();
     const Step portions = {[=] {
-                               empty();
                                (*screen)->selectAll(job->count());
+                               prepare();
                            },
                            [screen] { (*screen)->copy(); }};
     const auto mistake = [job] { return job->mistake(true, stick); };
