@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QSet>
 #include <QSignalSpy>
@@ -40,7 +41,7 @@ public:
     {
         if (role != Qt::CheckStateRole)
             return QFileSystemModel::setData(index, value, role);
-        qDebug() << "Add Size " << fileName(index) << "=" << size(index);
+        qDebug() << "Add Size " << fileName(index) << "=" << sizeToTell(index);
         m_checked.insert(index);
         emit dataChanged(index, index);
         return true;
@@ -65,6 +66,12 @@ public:
             setData(index(row, nameColumn, folder), Qt::Checked, Qt::CheckStateRole);
     }
 
+protected:
+    virtual qint64 sizeToTell(const QModelIndex &index) const
+    {
+        return size(index);
+    }
+
 private:
     void fetchUnlessLeftOut(const QModelIndex &child)
     {
@@ -74,6 +81,16 @@ private:
 
     QSet<QPersistentModelIndex> m_checked;
     bool m_shown = false;
+};
+
+/** The same with sizes as they are by now, and not as they were when the folder was read. */
+class AskingModel : public PlainCheckableModel
+{
+protected:
+    qint64 sizeToTell(const QModelIndex &index) const override
+    {
+        return QFileInfo(filePath(index)).size();
+    }
 };
 
 class CheckableModel : public FileSystemModel
@@ -191,6 +208,7 @@ private:
 };
 
 typedef Tree<PlainCheckableModel, QSortFilterProxyModel> PlainTree;
+typedef Tree<AskingModel, QSortFilterProxyModel> AskingTree;
 typedef Tree<CheckableModel, FileSystemProxyModel> OurTree;
 
 #endif // TREES_H
