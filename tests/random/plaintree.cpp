@@ -34,7 +34,7 @@ void PlainTree::setCurrentPath(const QString &path)
 
 void PlainTree::touch(const QString &path)
 {
-    row = path;
+    row = current = path;
     if (QFileInfo(path).isFile()) {
         setFolder(QFileInfo(path).path());
         setFile(QFileInfo(path).fileName());
@@ -46,6 +46,11 @@ void PlainTree::touch(const QString &path)
     }
     if (whenTouched)
         whenTouched();
+}
+
+void PlainTree::selectNothing()
+{
+    row = current = QString();
 }
 
 void PlainTree::setWords(const QString &text)

@@ -17,6 +17,7 @@ public:
 
     /** The row of @p path is touched. */
     void touch(const QString &path);
+    void selectNothing();
 
     void setWords(const QString &words);
     void forgetWords();
@@ -31,7 +32,8 @@ public:
     QString folder;
     QString file;
     QString selectedFile;
-    QString row; ///< path of the selected row, empty without one
+    QString row;     ///< path of the selected row, empty without one
+    QString current; ///< path of the row touched last; a move leaves it alone
     QString words;
     QStringList patterns;
     bool isFilterOn;

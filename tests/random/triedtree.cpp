@@ -228,7 +228,7 @@ void TriedTree::hear(int number, TriedTree *other)
         break;
     case 2:
         react(SIGNAL(absoluteFilePathChanged()), [this] { m_item->clearSelection(); });
-        m_plain.whenTouched = [this] { m_plain.row = QString(); };
+        m_plain.whenTouched = [this] { m_plain.selectNothing(); };
         break;
     case 3:
         react(any, [this] {
@@ -465,7 +465,7 @@ void TriedTree::copy()
 void TriedTree::selectNothing()
 {
     m_item->clearSelection();
-    m_plain.row = QString();
+    m_plain.selectNothing();
 }
 
 void TriedTree::compare()
@@ -480,8 +480,8 @@ void TriedTree::compare()
         [this] { return loaded(m_plain.viewRoot) == onDisk(m_plain.viewRoot); }, deadlineMs);
     expect(hasCome, "the tree has " + loaded(m_plain.viewRoot).join(", "));
     expect(waitUntil([this] { return isInOrder(); }, deadlineMs), "the order of the rows");
-    if (!m_plain.row.isEmpty() && !QFileInfo(m_plain.row).exists())
-        selectNothing(); // as screens must: the view has selected a neighbour of what went
+    if (!m_plain.current.isEmpty() && !QFileInfo(m_plain.current).exists())
+        selectNothing(); // as screens must: the view selects a neighbour of what was touched last
     expect(model()->filePath(parts().proxyModel->mapToSource(parts().view->rootIndex())) ==
                m_plain.viewRoot,
            "another folder in view than " + m_plain.viewRoot);
