@@ -17,6 +17,7 @@
 ItemScene::ItemScene(QGraphicsItem *item)
     : m_item(item)
     , m_isDrawing(false)
+    , m_isPointed(false)
 {
     setItemIndexMethod(NoIndex);
     addItem(m_item);
@@ -77,9 +78,19 @@ bool ItemScene::eventFilter(QObject *watched, QEvent *event)
         const QScopedValueRollback<bool> once(m_isDrawing, true);
         QCoreApplication::sendEvent(watched, event);
     }
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    emit widgetRepainted();
+    if (!m_isPointed) {
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+        emit widgetRepainted();
+    }
     return true;
+}
+
+bool ItemScene::event(QEvent *event)
+{
+    const bool isPointers = event->type() >= QEvent::GraphicsSceneMouseMove &&
+                            event->type() <= QEvent::GraphicsSceneWheel;
+    const QScopedValueRollback<bool> pointed(m_isPointed, m_isPointed || isPointers);
+    return QGraphicsScene::event(event);
 }
 
 void ItemScene::noteChange(const QList<QRectF> &region)

@@ -19,10 +19,13 @@ public:
     QImage picture(const QSizeF &size, qreal pixelRatio);
 
     /** When @p watched, a widget shown in this scene, is told to draw itself: delivers that
-     * at once, with all that follows from it. */
+     * at once, with all that follows from it. While a pointer's event is delivered nothing follows
+     * yet: a scroll bar repaints itself several times for one, and is seen only once. */
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
+    bool event(QEvent *event) override;
+
     /** Draws no background. */
     void drawBackground(QPainter *painter, const QRectF &area) override;
 
@@ -44,6 +47,7 @@ private:
 
     QGraphicsItem *m_item;
     bool m_isDrawing; // or telling a widget to
+    bool m_isPointed; // a pointer's event is being delivered
 };
 
 #endif // COMPAT_ITEMSCENE_H

@@ -21,6 +21,7 @@ private slots:
     void theWidgetIsDrawnOnceAndThenOnlyWhenSomethingChanged();
     void repaintDrawsInsideTheCallAndUpdateLater();
     void aWidgetThatRepaintsWhileItIsDrawnIsDrawnAgainLater();
+    void whatAPointerRepaintsIsDrawnOnce();
     void thePictureIsUploadedOnlyWhenItChanged();
     void aHiddenItemIsDrawnWhenItIsShown();
     void theItemsOpacityFadesTheWidgetOnce();
@@ -203,6 +204,53 @@ void tst_DeclarativeItem::aWidgetThatRepaintsWhileItIsDrawnIsDrawnAgainLater()
 
     QVERIFY(waitUntil([&] { return restless->paints == 3; }));
     QVERIFY(!restless->isNested);
+}
+
+namespace {
+/** A probe that repaints itself for whatever a pointer does, as a scroll bar does. */
+class Blinker : public Probe
+{
+public:
+    int repaints = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent *) override
+    {
+        ++repaints;
+        repaint();
+        update();
+    }
+
+    void mouseReleaseEvent(QMouseEvent *) override
+    {
+        ++repaints;
+        repaint();
+    }
+};
+} // namespace
+
+void tst_DeclarativeItem::whatAPointerRepaintsIsDrawnOnce()
+{
+    ProbeScreen screen;
+    Blinker *blinker = new Blinker;
+    screen.item->proxy()->setWidget(blinker);
+    screen.settle();
+    const int before = blinker->paints();
+
+    const QPointF point(30, 20);
+    QMouseEvent press(QEvent::MouseButtonPress, point, point, point, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, point, point, point, Qt::LeftButton,
+                        Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&screen.view, &press);
+    QCoreApplication::sendEvent(&screen.view, &release);
+    QCOMPARE(blinker->repaints, 2);
+    QCOMPARE(blinker->paints(), before);
+    screen.settle();
+    QCOMPARE(blinker->paints(), before + 1);
+
+    blinker->repaint();
+    QCOMPARE(blinker->paints(), before + 2);
 }
 
 namespace {
