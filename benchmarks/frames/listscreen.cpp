@@ -40,6 +40,7 @@ ListScreen::ListScreen(Glass *glass, const QString &imports, const QString &scre
         exit(EXIT_FAILURE);
     }
     m_viewer.show();
+    m_glass->rest();
 }
 
 ListScreen::~ListScreen() = default;

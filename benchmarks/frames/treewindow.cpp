@@ -159,6 +159,7 @@ OurTree::OurTree(Glass *glass, const QString &imports)
     m_visitor.sees("tree");
     m_view = treeInView();
     m_origin = shownItem(m_viewer, "tree").place.topLeft().toPoint();
+    m_glass->rest();
 }
 
 QWidget *OurTree::window()
@@ -201,6 +202,7 @@ PlainTree::PlainTree(Glass *glass, const QString &root, const QTreeView *looks)
     m_view->sortByColumn(0, Qt::AscendingOrder);
     m_view->resize(looks->size());
     m_view->show();
+    m_glass->rest();
 }
 
 QWidget *PlainTree::window()

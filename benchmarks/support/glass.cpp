@@ -18,6 +18,11 @@ Moment Moment::now()
     return moment;
 }
 
+namespace {
+const int restMs = 300;
+const double idleSeconds = 0.01; // of work in that time
+} // namespace
+
 Glass::Glass(int &argc, char **argv)
     : QApplication(argc, argv)
     , m_window(nullptr)
@@ -83,4 +88,13 @@ bool Glass::waitForPicture(const std::function<bool()> &isWanted, int patienceMs
     loop.exec();
     m_looker = nullptr;
     return isThere;
+}
+
+void Glass::rest()
+{
+    double before = 0;
+    do {
+        before = Moment::now().work;
+        waitForPicture([] { return false; }, restMs);
+    } while (Moment::now().work - before > idleSeconds);
 }

@@ -37,6 +37,10 @@ public:
      */
     bool waitForPicture(const std::function<bool()> &isWanted, int patienceMs);
 
+    /** Runs the event loop until nothing is left to do: a tree reads folders long after it is
+     * shown. */
+    void rest();
+
     /** When the last picture was on the glass. */
     Moment lastPicture() const
     {
