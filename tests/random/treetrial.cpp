@@ -12,8 +12,10 @@ const TestDir &furnished(const TestDir &dir)
 {
     for (const char *folder : {"sub", "deep", "sub/deep"})
         dir.folder(folder);
-    for (const char *name : {"a.csv", "B.csv", "sub/run 1.py", "sub/deep/z", "deep/b.csv"})
-        dir.file(name, qint64(100 + name[0]));
+    for (const char *folder : {".", "sub", "sub/deep", "deep"}) {
+        for (int i = 0; i < 3; ++i)
+            meddle(dir.path(folder), nameOf(2 * i + folder[0] % 2), 100 + i);
+    }
     return dir;
 }
 } // namespace

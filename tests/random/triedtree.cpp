@@ -217,7 +217,7 @@ void TriedTree::hear(int number, TriedTree *other)
     const char *const any = emitted[number / 6 % 7];
     switch (number % 6) {
     case 0:
-        react(SIGNAL(checkedFilesKBChanged()), [this] {
+        react(emitted[number / 6 % 4], [this] { // the next one would call itself
             m_plain.foldersFirst = !m_plain.foldersFirst;
             m_item->setDirsFirst(m_plain.foldersFirst);
         });
