@@ -24,20 +24,14 @@ bool onlySteers(QChar character)
 }
 } // namespace
 
-NameDelegate::NameDelegate(QObject *parent)
-    : QStyledItemDelegate(parent)
-{
-}
-
 QString NameDelegate::displayText(const QVariant &value, const QLocale &) const
 {
     QString text = value.toString();
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar character = text.at(i);
-        if (breaksLine(character))
-            text[i] = lineBreakSign;
-        else if (onlySteers(character))
-            text[i] = otherSign;
+    for (QChar *character = text.data(); character != text.constData() + text.size(); ++character) {
+        if (breaksLine(*character))
+            *character = lineBreakSign;
+        else if (onlySteers(*character))
+            *character = otherSign;
     }
     return text;
 }

@@ -10,10 +10,11 @@
  */
 class NameDelegate : public QStyledItemDelegate
 {
-    Q_OBJECT
-
 public:
-    explicit NameDelegate(QObject *parent);
+    explicit NameDelegate(QObject *parent)
+        : QStyledItemDelegate(parent)
+    {
+    }
 
     /** The name @p value as it is drawn. */
     QString displayText(const QVariant &value, const QLocale &locale) const override;
