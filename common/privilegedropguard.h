@@ -15,7 +15,7 @@
  * The effective user id belongs to the whole process. Use it on the user-interface thread only;
  * other threads of the process run under the switched id meanwhile. Among them is the one that
  * reads folders for the tree: a folder that the account may not read, and that it reads just then,
- * shows as empty until it is read anew. The guard takes no lock.
+ * shows as empty and isn't watched. A tree that is made later shows it. The guard takes no lock.
  */
 class PrivilegeDropGuard
 {

@@ -2,6 +2,8 @@
 
 #include "tree/filetreevieweritem.h"
 
+#include "common/privilegedropguard.h"
+
 #include "support/account.h"
 #include "support/signallog.h"
 #include "support/testdir.h"
@@ -43,6 +45,15 @@ public:
     FileTreeViewerItem item;
     const TreeParts parts;
 };
+
+bool wasLoaded(const QSignalSpy &loaded, const QString &path)
+{
+    for (const QVariantList &arguments : loaded) {
+        if (arguments.first() == path)
+            return true;
+    }
+    return false;
+}
 
 enum Operation { CreateFile, CreateFolder, DeleteFile, DeleteFolder, Rename };
 
@@ -87,6 +98,8 @@ private slots:
     void aRenamedFolderIsAnnouncedWithItsOldPath();
     void renamingNeverOverwrites();
     void existsKnowsFoldersOnly();
+
+    void whatIsOpenedDuringAnOperationShowsWhatTheAccountMayRead();
 
     void operationsFailWithoutTheAccount_data();
     void operationsFailWithoutTheAccount();
@@ -331,6 +344,31 @@ void tst_TreeOperations::existsKnowsFoldersOnly()
     QVERIFY(tree.item.exists(""));
     QVERIFY(tree.item.exists("."));
     QCOMPARE(log.names(), QStringList());
+}
+
+// The thread that reads the folders has its user id switched with all others.
+void tst_TreeOperations::whatIsOpenedDuringAnOperationShowsWhatTheAccountMayRead()
+{
+    const TestDir dir("/home/ostan/logs");
+    dir.folder("open");
+    dir.folder("roots");
+    dir.file("open/a.csv");
+    dir.file("roots/a.csv");
+    chmod("/home/ostan/logs/roots", 0700);
+    LogTree tree("open roots");
+    QSignalSpy loaded(tree.parts.model, SIGNAL(directoryLoaded(QString)));
+    {
+        const PrivilegeDropGuard operation;
+        tree.parts.view->expand(tree.parts.row(dir.path("open")));
+        tree.parts.view->expand(tree.parts.row(dir.path("roots")));
+        QVERIFY(tree.parts.waitFor(dir.path("open"), "a.csv"));
+        QVERIFY(waitUntil([&] { return wasLoaded(loaded, dir.path("roots")); }));
+        QCOMPARE(tree.parts.names(dir.path("roots")), QStringList());
+    }
+    LogTree another("open roots");
+    another.parts.view->expand(another.parts.row(dir.path("roots")));
+    QVERIFY(another.parts.waitFor(dir.path("roots"), "a.csv"));
+    QCOMPARE(tree.parts.names(dir.path("roots")), QStringList());
 }
 
 void tst_TreeOperations::operationsFailWithoutTheAccount_data()
