@@ -106,6 +106,8 @@ private slots:
     void aStickOfRootsTakesNothingFromTheAccount();
     void whatDoesNotFitIsToldAndLeavesNothing_data();
     void whatDoesNotFitIsToldAndLeavesNothing();
+    void aFullStickTakesNotEvenASmallFile_data();
+    void aFullStickTakesNotEvenASmallFile();
     void whatIsTooLargeIsToldAndLeavesNothing_data();
     void whatIsTooLargeIsToldAndLeavesNothing();
     void fourGigabytesAreTooManyForFat_data();
@@ -266,6 +268,24 @@ void tst_Sticks::whatDoesNotFitIsToldAndLeavesNothing()
                                            << "filler");
     QCOMPARE(contentsOnStick("a small.csv"), pattern(1000));
     QCOMPARE(contentsOnStick("c small.csv"), pattern(1000));
+}
+
+void tst_Sticks::aFullStickTakesNotEvenASmallFile_data()
+{
+    addFormats();
+}
+
+// It is smaller than the buffers on the way, and only the last of all calls may tell.
+void tst_Sticks::aFullStickTakesNotEvenASmallFile()
+{
+    NEED_FORMAT;
+    const TestDir dir;
+    dir.file("small.csv", pattern(3000));
+    const DiskStick stick(device, place, 16384, type, DiskStick::Account);
+    fillUpTo(stick, 0);
+    Selection selection(dir);
+    QCOMPARE(selection.copyToStick(), QString("small.csv"));
+    QCOMPARE(namesOnStick(), QStringList("filler"));
 }
 
 void tst_Sticks::whatIsTooLargeIsToldAndLeavesNothing_data()
