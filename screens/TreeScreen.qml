@@ -129,8 +129,9 @@ Item {
     function named(text) {
         var known = {};
         collect(tree.root, known, 0);
-        return Names.parted(text, function (name) { return known["/" + name]; })
-                    .map(function (name) { return known["/" + name] || { folder: "", name: name, bytes: 0 }; });
+        return Names.parted(text, known).map(function (name) {
+            return known["/" + name] || { folder: "", name: name, bytes: 0 };
+        });
     }
 
     // Puts what lies below a folder into "known", by name. Links may lead round in circles.

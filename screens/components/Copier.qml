@@ -77,13 +77,13 @@ Item {
 
     // Why an entry was not copied; for the words see reason() in words.js.
     function why(entry, path) {
-        var free = stickSlots.freeBytes(path);
         if (entry.isFolder)
             return "folder";
-        if (free < 0)
-            return "gone";
         if (worker.exists(path + "/" + entry.name))
             return "there";
+        var free = stickSlots.freeBytes(path);
+        if (free < 0)
+            return "gone";
         if (disks.isWriteProtected(path))
             return "protected";
         if (free < entry.bytes + largestCluster)
@@ -184,7 +184,7 @@ Item {
     function sortOut(entries, failed) {
         var byName = {};
         entries.forEach(function (entry) { byName["/" + entry.name] = entry; });
-        Names.parted(failed, function (name) { return byName["/" + name]; }).forEach(function (name) {
+        Names.parted(failed, byName).forEach(function (name) {
             var entry = byName["/" + name];
             if (!entry)
                 return;

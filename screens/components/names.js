@@ -18,14 +18,17 @@ function folderOf(path) {
 }
 
 // The names in a text that has a blank between them, though names may have blanks too: at each place
-// the longest one that is known, else the next word.
-function parted(text, isName) {
+// the longest one that is known, else the next word. "known" has the names with "/" in front as keys.
+function parted(text, known) {
+    var mostWords = 1;
+    for (var key in known)
+        mostWords = Math.max(mostWords, key.split(" ").length);
     var words = text.split(" ");
     var names = [];
     var last = 0;
     for (var first = 0; first < words.length; first = last) {
-        last = words.length;
-        while (last > first + 1 && !isName(words.slice(first, last).join(" ")))
+        last = Math.min(words.length, first + mostWords);
+        while (last > first + 1 && !known["/" + words.slice(first, last).join(" ")])
             --last;
         names.push(words.slice(first, last).join(" "));
     }

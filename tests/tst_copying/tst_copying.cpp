@@ -61,6 +61,7 @@ private slots:
     void asksForASelectionFirst();
     void tellsApartWhyEachWasNotCopied();
     void namesWithBlanksAreToldApart();
+    void thousandsOfNamesAreToldApartAtOnce();
     void namesAreListedFromTheFirstOneOn();
     void marksInOtherFoldersAreCopiedToo();
 
@@ -158,6 +159,21 @@ void TestCopying::namesWithBlanksAreToldApart()
                                                << "c  d ";
     QCOMPARE(screens.namedOnce(expected), expected);
     QCOMPARE(QFileInfo(stick.path("b")).size(), qint64(1));
+}
+
+void TestCopying::thousandsOfNamesAreToldApartAtOnce()
+{
+    const DataFolder logs("logs");
+    const Stick stick("/dev/sda1", stickPath);
+    makeFiles(logs, 3000, 1);
+    logs->file("a b", "1");
+    for (int i = 0; i < 3000; ++i) {
+        put(stick.path(numbered(i)), "");
+    }
+    Screens screens;
+    QVERIFY(screens->taps("button:Select all"));
+    QVERIFY(screens->taps("copy:A"));
+    QVERIFY(screens->sees("outcomeText", "1 of 3001 files copied to Field Data"));
 }
 
 // Also after those of another copy were scrolled.
