@@ -63,7 +63,7 @@ Item {
         var directory = unfiltered();
         if (!directory.renameFile(directory.getIndex(oldName), name))
             return Words.notRenamed(Names.oneLine(oldName));
-        listing.forget(oldName);
+        listing.forget([oldName]);
         return "";
     }
 
@@ -75,13 +75,15 @@ Item {
     function deleteMarked() {
         var names = listing.markedNames();
         var directory = unfiltered();
+        var gone = [];
         var kept = [];
         for (var i = 0; i < names.length; ++i) {
             if (directory.deleteFile(directory.getIndex(names[i])))
-                listing.forget(names[i]);
+                gone.push(names[i]);
             else
                 kept.push({ name: names[i], isFolder: listing.isFolder(names[i]) });
         }
+        listing.forget(gone);
         return kept;
     }
 

@@ -108,11 +108,16 @@ Fb.Directory {
         return names;
     }
 
-    // An entry that got another name or is gone must not stay in the selection.
-    function forget(name) {
-        var index = getIndex(name);
-        if (index >= 0)
-            mark(index, false);
+    // Entries that got other names or are gone must not stay in the selection.
+    function forget(names) {
+        updateSelectedFiles();
+        var shown = files;
+        for (var i = 0; i < names.length; ++i) {
+            var index = getIndex(names[i]);
+            if (index >= 0)
+                setMark(shown, index, false);
+        }
+        tellMarks();
     }
 
     function isFolder(name) {
