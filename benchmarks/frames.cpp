@@ -189,13 +189,16 @@ private:
 
     Result listing();
 
-    /** The screen for a folder, so that each can stay where it is. */
+    /** The screen for a folder, so that each can stay where it is. It has shown that once: what
+     * only the first time takes is not its subject. */
     template <typename Screen>
     Screen *screen(std::map<const Folder *, std::unique_ptr<Screen>> *screens, const Folder *folder)
     {
         std::unique_ptr<Screen> &screen = (*screens)[folder];
-        if (!screen)
+        if (!screen) {
             screen.reset(new Screen(m_glass, m_imports));
+            openFolder(screen.get(), *folder);
+        }
         return screen.get();
     }
 
