@@ -39,6 +39,7 @@ Item {
             tree.viewSoilFluxDirectory();
         else
             tree.viewConfigsDirectory();
+        tree.clearSelection();
         look();
     }
 
@@ -242,8 +243,12 @@ Item {
         onNoneChosen: tree.clearAll()
     }
 
-    Component.onCompleted: {
-        fitColumns();
-        show(0);
+    // Reads nothing before it is looked at: with boxes, the tree reads all below its rows, and a touch on
+    // the list would wait for that.
+    onVisibleChanged: {
+        if (visible && tree.root === "")
+            show(tab);
     }
+
+    Component.onCompleted: fitColumns()
 }

@@ -1,10 +1,13 @@
 #include "support/screens.h"
 #include "support/stick.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 namespace {
 // Where the parts of a row are, in the tree's own pixels.
@@ -19,6 +22,24 @@ const int retries = 200;
 QPoint partOfRow(int row, int x)
 {
     return QPoint(x, headerHeight + row * rowHeight + rowHeight / 2);
+}
+
+/** Whether this process is told of changes in the folder @p path, as it is in one that it has read. */
+bool isWatched(const QString &path)
+{
+    struct stat folder;
+    if (stat(QFile::encodeName(path).constData(), &folder) != 0) {
+        return false;
+    }
+    const QByteArray inode = " ino:" + QByteArray::number(quint64(folder.st_ino), 16) + ' ';
+    const QDir descriptors("/proc/self/fdinfo");
+    for (const QString &descriptor : descriptors.entryList(QDir::Files | QDir::System)) {
+        QFile file(descriptors.filePath(descriptor));
+        if (file.open(QIODevice::ReadOnly) && file.readAll().contains(inode)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 /** The tree screen, and somebody in front of it. */
@@ -67,6 +88,7 @@ class TestTreeScreen : public QObject
 private slots:
     void initTestCase();
 
+    void nothingIsReadBeforeTheTreeIsShown();
     void aTouchedFileIsNamed();
     void aTouchedFolderOpensInPlace();
     void eachTabShowsItsFolder();
@@ -95,6 +117,19 @@ private slots:
 void TestTreeScreen::initTestCase()
 {
     Viewer::chooseFonts();
+}
+
+// With boxes a tree reads what is below its rows, and a touch on the list would wait for that.
+void TestTreeScreen::nothingIsReadBeforeTheTreeIsShown()
+{
+    const DataFolder logs("logs");
+    logs->folder("flux");
+    Screens screens;
+    QVERIFY(screens->sees("row:flux"));
+    Visitor::rests(500);
+    QVERIFY(!isWatched(logs->path("flux")));
+    QVERIFY(screens->taps("tab:Tree"));
+    QVERIFY(waitUntil([&] { return isWatched(logs->path("flux")); }));
 }
 
 void TestTreeScreen::aTouchedFileIsNamed()
