@@ -177,8 +177,8 @@ public slots:
 
     /** Makes the folder @p str the root of the view, with nothing selected. Does nothing when there
      * is no such folder. An empty path stands for the process's working folder in this test and
-     * shows the whole file system. The row touched last is still the view's current one: if its file
-     * goes, Qt's view selects a neighbour. clearSelection() rules that out. */
+     * shows the whole file system. The row touched last is still the view's current one: if its
+     * file goes, Qt's view selects a neighbour. clearSelection() rules that out. */
     void setCurrentPath(const QString &str);
 
     /** Groups folders before files or after them. */

@@ -24,7 +24,7 @@ QPoint partOfRow(int row, int x)
     return QPoint(x, headerHeight + row * rowHeight + rowHeight / 2);
 }
 
-/** Whether this process is told of changes in the folder @p path, as it is in one that it has read. */
+/** Whether this process is told of changes in the folder @p path, as in one that it has read. */
 bool isWatched(const QString &path)
 {
     struct stat folder;
