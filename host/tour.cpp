@@ -37,7 +37,7 @@ const char manyFiles[] = "mkdir /home/ostan/graph_definitions/many && cd "
 
 struct Tour::Step
 {
-    enum Kind { See, Gone, Tap, TapTree, Type, Run, Linger, Reload, Picture, PictureAtOnce };
+    enum Kind { See, SeeRows, Gone, Tap, TapTree, Type, Run, Linger, Reload, Picture, PictureAtOnce };
 
     Kind kind;
     const char *subject; ///< objectName, "x,y" in the tree, characters, command or picture
@@ -160,6 +160,7 @@ const Tour::Step Tour::steps[] = {
 
     {Step::Tap, "tab:Tree", nullptr},
     {Step::See, "touchedPath", "/home/ostan/logs"},
+    {Step::SeeRows, "", nullptr},
     {Step::Picture, "tree", nullptr},
     {Step::TapTree, "150,158", nullptr}, // the folder in the third row
     {Step::See, "touchedPath", "/home/ostan/logs/soil"},
@@ -215,6 +216,8 @@ bool Tour::take(const Step &step)
     switch (step.kind) {
     case Step::See:
         return m_visitor.sees(subject, translated(step.text));
+    case Step::SeeRows:
+        return m_visitor.seesRows();
     case Step::Gone:
         return m_visitor.misses(subject);
     case Step::Tap:

@@ -2,10 +2,12 @@
 
 #include "host/shownitems.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QMap>
 #include <QTimer>
+#include <QTreeView>
 #include <QVariant>
 
 #include <functional>
@@ -41,6 +43,23 @@ bool Visitor::sees(const QString &name, const QString &text)
             const QList<ShownItem> items = shownItems(m_viewer, name);
             for (const ShownItem &item : items) {
                 if (item.object->property("text").toString().startsWith(text)) {
+                    return true;
+                }
+            }
+            return false;
+        },
+        patienceMs);
+}
+
+// The tree's rows are no items of the scene.
+bool Visitor::seesRows()
+{
+    return waitUntil(
+        [] {
+            const QWidgetList widgets = QApplication::allWidgets();
+            for (QWidget *widget : widgets) {
+                const QTreeView *view = qobject_cast<QTreeView *>(widget);
+                if (view && view->isVisible() && view->model()->rowCount(view->rootIndex()) > 0) {
                     return true;
                 }
             }

@@ -42,6 +42,10 @@ public:
     /** Types @p text on the keyboard of the screen: characters that have a key without shift. */
     bool types(const QString &text);
 
+    /** Waits until the tree that is shown has rows: it reads its folder in the background. Returns
+     * whether they came. */
+    bool seesRows();
+
     /** The property @p property of the front item @p name, invalid when none is shown. */
     QVariant property(const QString &name, const char *property) const;
 

@@ -45,10 +45,10 @@ Overlay {
                     radius: 4
                     color: Style.blue
 
-                    // For who waits until there is something to see.
+                    // For who waits until there is something to see, be the machine slow.
                     Item {
                         objectName: "progressIsSeen"
-                        visible: progress.work.share > 0.25
+                        visible: progress.work.share > 0.1
                     }
                 }
             }
