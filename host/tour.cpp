@@ -37,7 +37,19 @@ const char manyFiles[] = "mkdir /home/ostan/graph_definitions/many && cd "
 
 struct Tour::Step
 {
-    enum Kind { See, SeeRows, Gone, Tap, TapTree, Type, Run, Linger, Reload, Picture, PictureAtOnce };
+    enum Kind {
+        See,
+        SeeRows,
+        Gone,
+        Tap,
+        TapTree,
+        Type,
+        Run,
+        Linger,
+        Reload,
+        Picture,
+        PictureAtOnce
+    };
 
     Kind kind;
     const char *subject; ///< objectName, "x,y" in the tree, characters, command or picture
