@@ -321,7 +321,11 @@ void countTree(const BigFolder &folder)
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 bool importModule(QDeclarativeEngine *engine, const QString &imports)
 {
+#if QT_VERSION < 0x050000
+    QString errors;
+#else
     QList<QDeclarativeError> errors;
+#endif
     return engine->importPlugin(imports + QLatin1String("/FileBrowser/libfilebrowser.so"),
                                 QLatin1String("FileBrowser"), &errors);
 }
