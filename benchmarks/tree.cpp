@@ -34,9 +34,12 @@ private:
     void load(std::unique_ptr<Type> *tree, bool checked)
     {
         tree->reset(new Type(m_folder.path()));
-        (*tree)->open(count);
-        if (checked)
+        if (checked) { // in boxes, with which all below is fetched
+            (*tree)->openAndFetch(count, count / 100);
             (*tree)->checkAll();
+        } else {
+            (*tree)->open(count);
+        }
     }
 
     /** What is left to do for a tree of before would be done, and timed, with the next one. */

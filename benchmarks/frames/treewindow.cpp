@@ -110,15 +110,23 @@ QPoint TreeWindow::onScrollBar(int y) const
     return origin() + bar->mapTo(m_view, QPoint(bar->width() / 2, y));
 }
 
+void TreeWindow::waitForFrame(size_t shown)
+{
+    // A window draws what is touched at once, before anybody waits.
+    if (m_glass->frames().size() == shown)
+        m_glass->waitForPicture(anyPicture, frameMs);
+    Visitor::rests(pauseMs);
+}
+
 std::vector<double> TreeWindow::pull()
 {
     const int top = arrowPixels + nearMiddle;
     watch();
     Touch touch(window(), onScrollBar(top));
     for (int pixel = 1; pixel <= 2 * pulls; ++pixel) {
+        const size_t shown = m_glass->frames().size();
         touch.move(onScrollBar(top + (pixel <= pulls ? pixel : 2 * pulls - pixel)));
-        m_glass->waitForPicture(anyPicture, frameMs);
-        Visitor::rests(pauseMs);
+        waitForFrame(shown);
     }
     touch.release(onScrollBar(top));
     return m_glass->frames();
@@ -130,9 +138,9 @@ std::vector<double> TreeWindow::step()
     watch();
     for (int row = 0; row < 2 * rowsStepped; ++row) {
         const QPoint arrow = onScrollBar(row < rowsStepped ? bottom : nearMiddle);
+        const size_t shown = m_glass->frames().size();
         Touch(window(), arrow).release(arrow);
-        m_glass->waitForPicture(anyPicture, frameMs);
-        Visitor::rests(pauseMs);
+        waitForFrame(shown);
     }
     return m_glass->frames();
 }

@@ -60,6 +60,7 @@ protected:
 
 private:
     QPoint onScrollBar(int y) const;
+    void waitForFrame(size_t shown);
 };
 
 /** The tree screen of the viewer. */

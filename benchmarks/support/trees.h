@@ -4,8 +4,8 @@
 #include "tree/filesystemmodel.h"
 #include "tree/filesystemproxymodel.h"
 
-#include <QCoreApplication>
 #include <QDebug>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QSet>
@@ -125,6 +125,11 @@ public:
         m_view->sortByColumn(nameColumn, Qt::AscendingOrder);
         m_view->resize(800, 480);
         m_view->show();
+        for (const char *change : {SIGNAL(rowsInserted(QModelIndex, int, int)),
+                                   SIGNAL(rowsRemoved(QModelIndex, int, int)),
+                                   SIGNAL(layoutChanged()), SIGNAL(modelReset())})
+            QObject::connect(&m_proxy, change, &m_loop, SLOT(quit()));
+        QObject::connect(&m_model, SIGNAL(directoryLoaded(QString)), &m_loop, SLOT(quit()));
     }
 
     void open(int rows)
@@ -148,7 +153,7 @@ public:
     void waitForRows(int rows)
     {
         while (m_proxy.rowCount(m_view->rootIndex()) != rows)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            m_loop.exec();
         m_view->viewport()->repaint();
     }
 
@@ -191,11 +196,11 @@ public:
 
 private:
     /** Waits for @p count paths that begin with @p start; the model announces files, too. */
-    static void waitForLoaded(QSignalSpy *loaded, const QString &start, int count)
+    void waitForLoaded(QSignalSpy *loaded, const QString &start, int count)
     {
         for (int found = 0; found < count;) {
             if (loaded->isEmpty())
-                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+                m_loop.exec();
             else if (loaded->takeFirst().first().toString().startsWith(start))
                 ++found;
         }
@@ -204,6 +209,7 @@ private:
     const QString m_path;
     Model m_model;
     Proxy m_proxy;
+    QEventLoop m_loop;                       // ends with what may have been waited for
     const std::unique_ptr<QTreeView> m_view; // goes before the models that it shows
 };
 
