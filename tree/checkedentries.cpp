@@ -32,7 +32,8 @@ void CheckedEntries::remove(const QModelIndex &index)
 
 QModelIndexList CheckedEntries::indexes() const
 {
-    QModelIndexList found = m_entries.isEmpty() ? QModelIndexList() : indexesBelow(QModelIndex());
+    QModelIndexList found;
+    visitBelow(QModelIndex(), [&](const QModelIndex &index) { found.append(index); });
     for (int i = 0; i < m_leftCount; ++i)
         found.append(QModelIndex());
     return found;
@@ -59,13 +60,14 @@ void CheckedEntries::dropLeft()
 void CheckedEntries::dropHidden()
 {
     // Qt's model applies its filters while it sorts: rows come and go without another signal.
-    if (m_entries.isEmpty())
+    int visibleCount = 0;
+    visitBelow(QModelIndex(), [&](const QModelIndex &) { ++visibleCount; });
+    if (visibleCount == m_entries.count())
         return;
     QSet<Entry> visible;
-    visible.reserve(m_entries.count());
-    for (const QModelIndex &index : indexesBelow(QModelIndex()))
-        visible.insert(entryOf(index));
-    m_leftCount += m_entries.count() - visible.count();
+    visible.reserve(visibleCount);
+    visitBelow(QModelIndex(), [&](const QModelIndex &index) { visible.insert(entryOf(index)); });
+    m_leftCount += m_entries.count() - visibleCount;
     m_entries = visible;
 }
 
@@ -74,19 +76,19 @@ CheckedEntries::Entry CheckedEntries::entryOf(const QModelIndex &index)
     return Entry(index.internalPointer(), index.column());
 }
 
-QModelIndexList CheckedEntries::indexesBelow(const QModelIndex &parent) const
+void CheckedEntries::visitBelow(const QModelIndex &parent, const Visitor &visit) const
 {
-    QModelIndexList found;
+    if (m_entries.isEmpty())
+        return;
     const int rows = m_model->rowCount(parent);
     for (int row = 0; row < rows; ++row) {
         const QModelIndex first = m_model->index(row, 0, parent);
         for (int column = 0; column < m_model->columnCount(); ++column) {
             if (m_entries.contains(Entry(first.internalPointer(), column)))
-                found.append(m_model->index(row, column, parent));
+                visit(m_model->index(row, column, parent));
         }
-        found += indexesBelow(first);
+        visitBelow(first, visit);
     }
-    return found;
 }
 
 void CheckedEntries::collectPointers(const QModelIndex &parent, int first, int last)

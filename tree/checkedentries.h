@@ -6,6 +6,8 @@
 #include <QSet>
 #include <QVector>
 
+#include <functional>
+
 /**
  * The set of entries of a file-system model whose check box is on. Entries stay in it while the
  * model sorts and inserts rows. One that leaves the model, because it was removed or filtered out,
@@ -41,9 +43,10 @@ private slots:
 
 private:
     typedef QPair<void *, int> Entry; // internal pointer and column
+    typedef std::function<void(const QModelIndex &)> Visitor;
 
     static Entry entryOf(const QModelIndex &index);
-    QModelIndexList indexesBelow(const QModelIndex &parent) const;
+    void visitBelow(const QModelIndex &parent, const Visitor &visit) const;
     void collectPointers(const QModelIndex &parent, int first, int last);
 
     const QAbstractItemModel *const m_model;
