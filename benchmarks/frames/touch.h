@@ -2,6 +2,7 @@
 #define TOUCH_H
 
 #include <QApplication>
+#include <QDateTime>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -36,6 +37,10 @@ private:
         const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
         QMouseEvent event(type, m_widget->mapFrom(m_window, place), m_window->mapToGlobal(place),
                           button, isDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+#if QT_VERSION >= 0x060000
+        // There a list that is let go rolls as fast as these say that it was pulled.
+        event.setTimestamp(QDateTime::currentMSecsSinceEpoch());
+#endif
         QApplication::sendEvent(m_widget, &event);
     }
 
