@@ -16,8 +16,6 @@ EntryCache::EntryCache(const QFileSystemModel *model)
     connect(model, SIGNAL(dataChanged(QModelIndex, QModelIndex)), this,
             SLOT(clearUnlessNamesOnly(QModelIndex, QModelIndex)));
     connect(model, SIGNAL(fileRenamed(QString, QString, QString)), this, SLOT(clear()));
-    // Qt 4.8 calls a link what it leads to, and tells of another such name by nothing else.
-    connect(model, SIGNAL(directoryLoaded(QString)), this, SLOT(clear()));
     connect(model, SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(clear()));
     connect(model, SIGNAL(layoutChanged()), this, SLOT(clear()));
 }
